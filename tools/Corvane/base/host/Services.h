@@ -1,0 +1,21 @@
+// What the core asks of the system around it, besides files: time, the user, the shell, the recycle bin.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+class IServices
+{
+public:
+    virtual ~IServices() = default;
+    // "HH:MM:SS" and "MM/DD/YY" of now, local time.
+    [[nodiscard]] virtual std::u16string GetTimeText() = 0;
+    [[nodiscard]] virtual std::u16string GetDateText() = 0;
+    [[nodiscard]] virtual std::u16string GetUserName() = 0;
+    // Opens a file with the program that the desktop has for it. False when there is none.
+    [[nodiscard]] virtual bool OpenInShell(std::u16string_view path) = 0;
+    // Sends a file to the user's recycle bin. False leaves it where it is.
+    [[nodiscard]] virtual bool MoveToRecycleBin(std::u16string_view path) = 0;
+    // The short sound for "nothing to do".
+    virtual void Beep() = 0;
+};
