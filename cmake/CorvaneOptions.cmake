@@ -1,0 +1,60 @@
+# What every target of the tree shares: warnings as errors, sanitizers, ccache, and the two helpers by which
+# a folder declares its library and its tests.
+
+option(CORVANE_SANITIZE "Build with the address and undefined-behaviour sanitizers" OFF)
+option(CORVANE_THREAD_SANITIZE "Build with the thread sanitizer" OFF)
+option(CORVANE_FUZZ "Build the libFuzzer targets (Clang only)" OFF)
+
+find_program(CCACHE_PROGRAM ccache)
+if(CCACHE_PROGRAM)
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE_PROGRAM})
+  set(CMAKE_C_COMPILER_LAUNCHER ${CCACHE_PROGRAM})
+endif()
+
+add_compile_options(-Wall -Wextra -Wconversion -Wshadow -Wnon-virtual-dtor -Wold-style-cast
+                    -Woverloaded-virtual -Werror)
+if(CORVANE_SANITIZE)
+  add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=address,undefined)
+endif()
+if(CORVANE_THREAD_SANITIZE)
+  add_compile_options(-fsanitize=thread -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=thread)
+endif()
+
+find_program(MOLD_PROGRAM mold)
+if(MOLD_PROGRAM)
+  add_link_options(-fuse-ld=mold)
+endif()
+
+find_package(PkgConfig REQUIRED)
+find_package(Threads REQUIRED)
+find_package(ICU 72 REQUIRED COMPONENTS uc i18n)
+find_package(GTest REQUIRED)
+find_package(benchmark REQUIRED)
+pkg_check_modules(GIO REQUIRED IMPORTED_TARGET gio-2.0)
+pkg_check_modules(UUID REQUIRED IMPORTED_TARGET uuid)
+include(GoogleTest)
+
+# corvane_library(<target> DIR <include dir> SOURCES <files> LINK <targets>)
+# A static layer. Its folder is included by consumers as <include dir>.
+function(corvane_library target)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINK;INCLUDE" ${ARGN})
+  add_library(${target} STATIC ${ARG_SOURCES})
+  target_link_libraries(${target} PUBLIC ${ARG_LINK})
+  target_include_directories(${target} PUBLIC ${ARG_INCLUDE})
+endfunction()
+
+# corvane_test(<target> SOURCES <files> LINK <targets>)
+# One GoogleTest program; each of its cases is a ctest case. The test runner's environment points every
+# per-user directory at a scratch folder, so that a test never reads or writes a user's own files.
+function(corvane_test target)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
+  add_executable(${target} ${ARG_SOURCES})
+  target_link_libraries(${target} PRIVATE ${ARG_LINK} corvane_test_support GTest::gmock GTest::gtest_main)
+  set_target_properties(${target} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/tests)
+  set(scratch ${CMAKE_BINARY_DIR}/tests/scratch/${target})
+  gtest_discover_tests(${target} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60
+    PROPERTIES TIMEOUT 120 ENVIRONMENT
+    "XDG_CONFIG_HOME=${scratch}/config;XDG_STATE_HOME=${scratch}/state;XDG_CACHE_HOME=${scratch}/cache;XDG_DATA_HOME=${scratch}/data")
+endfunction()
