@@ -1,0 +1,460 @@
+#include "CorvaneAttrib.h"
+
+#include "CorvaneMgr.h"
+#include "CorvaneRecord.h"
+#include "CorvaneSchema.h"
+#include "CorvaneSchemaAttribData.h"
+#include "CorvaneType.h"
+#include "FormatText.h"
+#include "NameCompare.h"
+#include "SourceGate.h"
+#include "Unicode.h"
+#include "host/Questions.h"
+#include "zrassert.h"
+
+CCorvaneAttrib::CCorvaneAttrib() = default;
+CCorvaneAttrib::~CCorvaneAttrib() = default;
+
+bool CCorvaneAttrib::PrepareForEdit()
+{
+    CCorvaneRecord* record = GetOwnerRecord();
+    if (record == nullptr || record->GetFile().empty())
+        return true;
+    CSourceGate& gate = record->GetManager().GetGate();
+    if (!gate.IsConnected())
+        return true;
+    if (!gate.IsMine(record->GetFile()))
+        return !gate.IsControlled(record->GetFile()) || gate.CheckOutForEdit(*record);
+    if (gate.GetCheckOutState(record->GetFile()) != ECheckOutState::ForDelete)
+        return true;
+
+    std::u16string path;
+    record->GetManager().GetRecordDisplayPath(record, path);
+    const std::u16string text =
+        u"The following record has been checked out for delete.  Any modifications made to "
+        u"this record will not be saved.\n\n" +
+        path + u"\n\nWould you like to check this record out for edit instead?";
+    const EAnswer answer = record->GetManager().GetContext().m_Questions.Ask(
+        MakeQuestion(u"Open For Edit", text, EButtons::YesNoCancel, EIcon::Question));
+    if (answer == EAnswer::Cancel)
+        return false;
+    return answer != EAnswer::Yes || gate.CheckOutForEdit(*record);
+}
+
+bool CCorvaneAttrib::Init(std::u16string_view, CCorvaneSchemaAttribData&)
+{
+    CRef<SIdentity> identity(new SIdentity);
+    if (m_pIdentity)
+    {
+        identity->m_sName = m_pIdentity->m_sName;
+        identity->m_sNarrowName = m_pIdentity->m_sNarrowName;
+    }
+    identity->m_Guid = CGuid::Create();
+    m_pIdentity = identity;
+    return true;
+}
+
+void CCorvaneAttrib::GetQualifiedName(std::u16string& out, std::u16string_view prefix) const
+{
+    out.assign(prefix);
+    if (!prefix.empty())
+        out += u'.';
+    out += GetName();
+}
+
+void CCorvaneAttrib::Clear()
+{
+    if (m_pExtra)
+    {
+        m_pExtra->m_sComment.clear();
+        m_pExtra->m_sLockUser.clear();
+        m_pExtra->m_pParentAttrib = nullptr;
+    }
+    m_Values.Clear();
+    m_bInherit = m_bLocked = m_bOverride = m_bPlaceHolder = m_bTodo = false;
+    m_pParentRecord.Reset();
+}
+
+const std::u16string& CCorvaneAttrib::GetName() const
+{
+    static const std::u16string nameless;
+    return m_pIdentity ? m_pIdentity->m_sName : nameless;
+}
+
+const std::string& CCorvaneAttrib::GetNarrowName() const
+{
+    static const std::string nameless;
+    return m_pIdentity ? m_pIdentity->m_sNarrowName : nameless;
+}
+
+CGuid CCorvaneAttrib::GetGuid() const
+{
+    return m_pIdentity ? m_pIdentity->m_Guid : CGuid();
+}
+
+void CCorvaneAttrib::SetName(std::u16string_view name)
+{
+    // Copies of this attribute share the old identity and keep their name.
+    CRef<SIdentity> identity(new SIdentity);
+    identity->m_Guid = GetGuid();
+    identity->m_sName = name;
+    identity->m_sNarrowName = ToNarrow(name);
+    m_pIdentity = identity;
+}
+
+CCorvaneAttrib::SExtra& CCorvaneAttrib::GetExtra()
+{
+    if (!m_pExtra)
+        m_pExtra = std::make_unique<SExtra>();
+    return *m_pExtra;
+}
+
+std::u16string_view CCorvaneAttrib::GetComment() const
+{
+    return m_pExtra ? std::u16string_view(m_pExtra->m_sComment) : std::u16string_view(u"");
+}
+
+bool CCorvaneAttrib::SetComment(std::u16string_view text)
+{
+    if (!PrepareForEdit())
+        return false;
+    if (CCorvaneRecord* record = GetOwnerRecord())
+        record->SetModified(true);
+    GetExtra().m_sComment = text;
+    return true;
+}
+
+std::u16string_view CCorvaneAttrib::GetLockUser() const
+{
+    return m_pExtra ? std::u16string_view(m_pExtra->m_sLockUser) : std::u16string_view(u"");
+}
+
+void CCorvaneAttrib::SetLockUser(std::u16string_view name)
+{
+    m_bLocked = name.data() != nullptr;
+    if (m_bLocked || m_pExtra)
+        GetExtra().m_sLockUser = name;
+}
+
+void CCorvaneAttrib::GetHelp(std::size_t, std::u16string& out) const
+{
+    if (m_pAttribData)
+        out = m_pAttribData->GetHelp();
+}
+
+void CCorvaneAttrib::SetInherit(bool value, bool)
+{
+    m_bInherit = value;
+}
+
+std::ptrdiff_t CCorvaneAttrib::GetIndexInRecord() const
+{
+    if (!m_pParentRecord)
+        return -1;
+    const auto list = m_pParentRecord->GetAttributeList();
+    if (m_nIndex < list.size() && list[m_nIndex] == this)
+        return m_nIndex;
+    for (std::size_t i = 0; i < list.size(); ++i)
+    {
+        if (list[i] == this)
+            return static_cast<std::ptrdiff_t>(i);
+    }
+    return -1;
+}
+
+bool CCorvaneAttrib::GetBuildRange(SBuildRange& range) const
+{
+    if (const CCorvaneAttrib* parent = GetParentAttrib())
+        return parent->GetChildBuildRange(*this, range);
+    return CCorvaneAttrib::GetChildBuildRange(*this, range);
+}
+
+bool CCorvaneAttrib::GetChildBuildRange(const CCorvaneAttrib& child, SBuildRange& range) const
+{
+    range = {child.m_nBuild, kBuildOpen};
+    const std::ptrdiff_t index = child.GetIndexInRecord();
+    if (index < 0)
+        return false;
+    if (index > 0)
+    {
+        // Entries of one name stand newest first, so that the one before ends this one's range.
+        const CCorvaneAttrib& before =
+            *child.m_pParentRecord->GetAttributeList()[static_cast<std::size_t>(index - 1)];
+        if (EqualNames(before.GetName(), child.GetName()))
+            range.m_nLast = static_cast<std::int64_t>(before.m_nBuild) - 1;
+        return true;
+    }
+    if (child.m_pAttribData && child.m_pAttribData->TestFlag(ATTRIB_FLAG_DELETED))
+        range.m_nLast = range.m_nFirst;
+    return true;
+}
+
+bool CCorvaneAttrib::IsChildDeferred(const CCorvaneAttrib&) const
+{
+    return false;
+}
+
+bool CCorvaneAttrib::IsVariableSize() const
+{
+    return m_pAttribData && m_pAttribData->GetValues() == kVariableValues;
+}
+
+bool CCorvaneAttrib::IsInheriting() const
+{
+    return m_bInherit && m_pParentRecord && m_pParentRecord->GetParent() != nullptr;
+}
+
+CCorvaneAttrib* CCorvaneAttrib::FindInParentRecord() const
+{
+    CCorvaneAttrib* symmetric = nullptr;
+    if (m_pParentRecord->GetManager().FindSymmetricAttribute(m_pParentRecord.Get(), this,
+                                                             m_pParentRecord->GetParent(), symmetric))
+        return symmetric;
+    ZRASSERT_FORCED("An inheriting attribute has no counterpart in the parent record");
+    return nullptr;
+}
+
+const CCorvaneValueList& CCorvaneAttrib::GetValueList() const
+{
+    const CCorvaneAttrib* current = this;
+    if (!current->IsInheriting())
+        return m_Values;
+    const std::ptrdiff_t found = GetIndexInRecord();
+    if (found < 0)
+        return m_Values;
+    const auto index = static_cast<std::size_t>(found);
+    while (current->IsInheriting())
+    {
+        const auto list = current->m_pParentRecord->GetParent()->GetAttributeList();
+        if (index >= list.size())
+            break;
+        current = list[index].Get();
+    }
+    return current->m_Values;
+}
+
+std::size_t CCorvaneAttrib::GetValueCount() const
+{
+    return GetValueList().GetCount();
+}
+
+std::u16string_view CCorvaneAttrib::GetValue(std::size_t index) const
+{
+    const CCorvaneAttrib* source = this;
+    if (IsInheriting())
+    {
+        source = FindInParentRecord();
+        if (source == nullptr)
+            return {};
+    }
+    const CCorvaneValueList& values = source == this ? m_Values : source->GetValueList();
+    if (index < values.GetCount())
+        return values.Get(index);
+    const CCorvaneAttrib* fallback = source->GetDefault();
+    if (fallback == nullptr)
+        return {};
+    if (fallback == this)
+        ZRASSERT_SITE("m_pDefault != this", "");
+    return fallback->m_Values.GetCount() > 0 ? fallback->m_Values.Get(0) : std::u16string_view();
+}
+
+bool CCorvaneAttrib::IsValueSet(std::size_t index) const
+{
+    const CCorvaneAttrib* current = this;
+    while (current->IsInheriting())
+    {
+        current = current->FindInParentRecord();
+        if (current == nullptr)
+            return false;
+    }
+    return index < current->m_Values.GetCount() && !current->m_Values.Get(index).empty();
+}
+
+bool CCorvaneAttrib::AddValue(std::u16string_view text)
+{
+    return InsertValue(m_Values.GetCount(), text);
+}
+
+bool CCorvaneAttrib::InsertValue(std::size_t index, std::u16string_view text)
+{
+    if (!IsVariableSize() || index > m_Values.GetCount())
+        return false;
+    if (CCorvaneMgr* manager = GetManager())
+        manager->MarkAttributeAsModified(this);
+    m_Values.Insert(index, text);
+    if (CCorvaneRecord* owner = GetOwnerRecord())
+        owner->NotifyReferencees(EHierarchyEvent::ValueAdded, *this);
+    return true;
+}
+
+bool CCorvaneAttrib::SetValue(std::size_t index, std::u16string_view text)
+{
+    return ApplySetValue(index, text);
+}
+
+bool CCorvaneAttrib::ApplySetValue(std::size_t index, std::u16string_view text)
+{
+    if (index >= m_Values.GetCount())
+        return false;
+    if (m_pParentRecord && m_pParentRecord->GetParent())
+        SetInherit(false, false); // A written value ends inheritance.
+    m_Values.Set(index, text);
+    if (m_pParentRecord)
+        m_pParentRecord->OnAttributeChanged(*this, index);
+    if (CCorvaneMgr* manager = GetManager())
+        manager->MarkAttributeAsModified(this);
+    if (CCorvaneRecord* owner = GetOwnerRecord())
+        owner->NotifyReferencees(EHierarchyEvent::ValueSet, *this);
+    return true;
+}
+
+bool CCorvaneAttrib::RemoveValue(std::size_t index)
+{
+    if (!IsVariableSize() || index >= m_Values.GetCount())
+        return false;
+    if (CCorvaneMgr* manager = GetManager())
+        manager->MarkAttributeAsModified(this);
+    m_Values.Remove(index);
+    return true;
+}
+
+bool CCorvaneAttrib::MoveValueUp(std::size_t index)
+{
+    if (index == 0 || index >= m_Values.GetCount())
+        return false;
+    const std::u16string text(m_Values.Get(index));
+    return RemoveValue(index) && InsertValue(index - 1, text);
+}
+
+bool CCorvaneAttrib::MoveValueDown(std::size_t index)
+{
+    if (index + 1 >= m_Values.GetCount())
+        return false;
+    const std::u16string text(m_Values.Get(index));
+    return RemoveValue(index) && InsertValue(index + 1, text);
+}
+
+std::ptrdiff_t CCorvaneAttrib::FindChildAttribute(const CCorvaneAttrib&, std::ptrdiff_t& valueIndex) const
+{
+    valueIndex = -1;
+    return -1;
+}
+
+CCorvaneAttrib* CCorvaneAttrib::GetChildAttribute(std::size_t, const CGuid&) const
+{
+    return nullptr;
+}
+
+CCorvaneAttrib* CCorvaneAttrib::GetChildAttributeAt(std::size_t, std::size_t) const
+{
+    return nullptr;
+}
+
+void CCorvaneAttrib::SetParentRecord(CCorvaneRecord* record)
+{
+    m_pParentRecord = CRef<CCorvaneRecord>(record);
+}
+
+bool CCorvaneAttrib::Validate(IValidationSink*)
+{
+    return true;
+}
+
+void CCorvaneAttrib::Assign(const CCorvaneAttrib& source)
+{
+    m_pParentRecord = source.m_pParentRecord;
+    if (source.m_pExtra)
+    {
+        SExtra& extra = GetExtra();
+        extra.m_sComment = source.m_pExtra->m_sComment;
+        extra.m_sLockUser = source.m_pExtra->m_sLockUser;
+        extra.m_pParentAttrib = source.m_pExtra->m_pParentAttrib;
+    }
+    m_pIdentity = source.m_pIdentity;
+    m_nBuild = source.m_nBuild;
+    m_Values = source.m_Values;
+    m_bInherit = source.m_bInherit;
+    m_bLocked = source.m_bLocked;
+    m_bPlaceHolder = source.m_bPlaceHolder;
+    m_bTodo = source.m_bTodo;
+    m_bOverride = source.m_bOverride;
+    m_pAttribData = source.m_pAttribData;
+    SetDefaultRecord(const_cast<CCorvaneAttrib*>(source.GetDefault()));
+}
+
+bool CCorvaneAttrib::IsSameAttribute(const CCorvaneAttrib& other) const
+{
+    return m_nBuild == other.m_nBuild && (m_pIdentity == other.m_pIdentity || GetGuid() == other.GetGuid());
+}
+
+bool CCorvaneAttrib::DeferDeprecateAttribute(CCorvaneAttrib&, std::uint32_t)
+{
+    return false;
+}
+
+bool CCorvaneAttrib::DeferDeleteAttribute(CCorvaneAttrib&, std::uint32_t)
+{
+    return false;
+}
+
+bool CCorvaneAttrib::EnumerateChildren(const std::function<bool(CCorvaneAttrib&)>&)
+{
+    return true;
+}
+
+void CCorvaneAttrib::OnHierarchyEvent(EHierarchyEvent, CCorvaneRecord&, CCorvaneAttrib*) {}
+
+void CCorvaneAttrib::SetDefaultRecord(CCorvaneAttrib* pDefault)
+{
+    ZRASSERT(pDefault);
+    // An attribute that is its own default holds no reference on itself, or it would never die.
+    m_bOwnDefault = pDefault == this;
+    m_pDefault = m_bOwnDefault ? nullptr : CRef<CCorvaneAttrib>(pDefault);
+}
+
+bool CCorvaneAttrib::SetModified(bool modified)
+{
+    if (modified == m_bModified)
+        return true;
+    if (!PrepareForEdit())
+        return false;
+    m_bModified = modified;
+    return true;
+}
+
+void CCorvaneAttrib::SetAttribData(CCorvaneSchemaAttribData* data)
+{
+    m_pAttribData = CRef<CCorvaneSchemaAttribData>(data);
+}
+
+CCorvaneAttrib* CCorvaneAttrib::GetParentAttrib() const
+{
+    return m_pExtra ? m_pExtra->m_pParentAttrib : nullptr;
+}
+
+void CCorvaneAttrib::SetParentAttrib(CCorvaneAttrib* attrib)
+{
+    if (attrib || m_pExtra)
+        GetExtra().m_pParentAttrib = attrib;
+}
+
+CCorvaneRecord* CCorvaneAttrib::GetOwnerRecord() const
+{
+    const CCorvaneAttrib* current = this;
+    while (!current->m_pParentRecord)
+    {
+        current = current->GetParentAttrib();
+        if (current == nullptr)
+            return nullptr;
+    }
+    return current->m_pParentRecord.Get();
+}
+
+CCorvaneMgr* CCorvaneAttrib::GetManager() const
+{
+    if (const CCorvaneRecord* owner = GetOwnerRecord())
+        return &owner->GetManager();
+    if (m_pAttribData && m_pAttribData->GetSchema())
+        return &m_pAttribData->GetSchema()->GetManager();
+    return nullptr;
+}

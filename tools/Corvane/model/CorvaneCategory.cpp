@@ -1,0 +1,386 @@
+#include "CorvaneCategory.h"
+
+#include "CorvaneMgr.h"
+#include "FormatText.h"
+#include "NameCompare.h"
+#include "Path.h"
+#include "PointerIndex.h"
+#include "SourceFileWriter.h"
+#include "Unicode.h"
+#include "host/Questions.h"
+#include "zrassert.h"
+
+#include <algorithm>
+#include <utility>
+
+// Records of one system category and of the virtual categories below it, whose files share one directory.
+class CCategoryIndex
+{
+public:
+    void Add(CCorvaneRecord& record)
+    {
+        m_Names.Add(HashName(record.GetName()), record);
+        m_Files.Add(HashFile(record.GetFile()), record);
+    }
+    void Remove(const CCorvaneRecord& record)
+    {
+        m_Names.Remove(HashName(record.GetName()), record);
+        m_Files.Remove(HashFile(record.GetFile()), record);
+    }
+    static std::size_t HashFile(std::u16string_view path) { return HashName(GetFileNamePart(path)); }
+
+    CPointerIndex<CCorvaneRecord> m_Names;
+    CPointerIndex<CCorvaneRecord> m_Files;
+};
+
+namespace
+{
+constexpr std::u16string_view kSection = u"Category";
+
+template <class Function> void ForEachInNamespace(const CCorvaneCategory& category, const Function& function)
+{
+    for (const CRef<CCorvaneRecord>& record : category.GetRecords())
+        function(*record);
+    for (const CRef<CCorvaneCategory>& child : category.GetChildren())
+    {
+        if (!child->IsSystem())
+            ForEachInNamespace(*child, function);
+    }
+}
+} // namespace
+
+CCorvaneCategory::CCorvaneCategory(CCorvaneMgr& manager, std::u16string_view name, std::u16string_view help,
+                                   std::u16string_view comment, CCorvaneSchema* schema,
+                                   CCorvaneCategory* parent, std::uint32_t flags)
+    : m_Manager(manager), m_dwFlags(flags), m_sName(name), m_sComment(comment), m_sHelp(help),
+      m_pSchema(schema), m_pParent(parent),
+      m_pChildIndex(std::make_unique<CPointerIndex<CCorvaneCategory>>()),
+      m_pIndex(std::make_unique<CCategoryIndex>())
+{
+}
+
+CCorvaneCategory::~CCorvaneCategory()
+{
+    SetFile({});
+}
+
+CRef<CCorvaneCategory> CCorvaneCategory::CreateFromFile(CCorvaneMgr& manager, std::u16string_view path,
+                                                        CCorvaneCategory* parent)
+{
+    CUnicodeFileParse_ReadOnly& parser = manager.GetLoadParser();
+    if (!ImportSourceFile(manager, parser, path, u"Invalid Category File Format", u"category"))
+        return nullptr;
+    const std::u16string_view name = GetFileNamePart(WithoutLastSeparator(GetDirectoryPart(path)));
+    std::u16string schemaName, comment, help;
+    parser.ReadString(kSection, u"Schema", schemaName);
+    parser.ReadString(kSection, u"Comment", comment);
+    parser.ReadString(kSection, u"Help", help);
+    CCorvaneSchema* schema = manager.FindSchema(schemaName);
+    if (schema == nullptr && !schemaName.empty())
+    {
+        manager.GetContext().m_Questions.Tell(
+            u"Invalid Schema",
+            FormatText(u"The category '%s' uses an invalid schema '%s'.  The category will not be loaded.",
+                       name, schemaName));
+        return nullptr;
+    }
+    CRef<CCorvaneCategory> category(
+        new CCorvaneCategory(manager, name, DecodeMultiLine(help), DecodeMultiLine(comment),
+                             schemaName.empty() ? nullptr : schema, parent, CATEGORY_FLAG_SYSTEM));
+    category->SetFile(path);
+    category->m_Stamp = parser.GetFileInfo().m_Stamp;
+    return category;
+}
+
+bool CCorvaneCategory::ReloadFromFile()
+{
+    if (m_sFile.empty())
+        return false;
+    CUnicodeFileParse_ReadOnly parser(m_Manager.GetContext().m_Files);
+    if (!parser.Import(m_sFile, 0))
+        return false;
+    std::u16string comment, help;
+    parser.ReadString(kSection, u"Comment", comment);
+    parser.ReadString(kSection, u"Help", help);
+    m_sComment = DecodeMultiLine(comment);
+    m_sHelp = DecodeMultiLine(help);
+    SetSystem(parser.ReadBoolean(kSection, u"System"));
+    m_Stamp = parser.GetFileInfo().m_Stamp;
+    return true;
+}
+
+bool CCorvaneCategory::SaveToFile(std::u16string_view path)
+{
+    if (!IsSystem())
+        return true;
+    ZRASSERT(EndsInSeparator(path));
+    IFileSystem& files = m_Manager.GetContext().m_Files;
+    const std::u16string directory = std::u16string(path) + m_sName;
+    const CFileError error = files.CreateDirectory(directory);
+    if (!error.IsOk() && error.m_Code != EFileError::AlreadyExists)
+        return false;
+
+    CUnicodeFileParse_ReadWrite writer(files);
+    writer.WriteString(kSection, u"Schema", m_pSchema ? m_pSchema->GetName() : std::u16string());
+    writer.WriteString(kSection, u"Comment", EncodeMultiLine(m_sComment));
+    writer.WriteString(kSection, u"Help", EncodeMultiLine(m_sHelp));
+    writer.WriteBoolean(kSection, u"System", true);
+    const std::u16string file = directory + GetSeparator(directory) + u"cvd.category";
+    // A category file that cannot be written stays as it was: it is written at every save, changed or not.
+    const bool written = writer.Export(file, EXPORT_UTF16LE);
+    SetFile(file);
+    SFileInfo info;
+    if (written && files.GetInfo(file, info).IsOk())
+        m_Stamp = info.m_Stamp;
+    return true;
+}
+
+CreatorHandle CCorvaneCategory::AddToDatabase(IDatabaseCreatorMgr& creator, CreatorHandle database)
+{
+    std::u16string path;
+    m_Manager.GetCategoryPath(this, path);
+    const std::string schema = m_pSchema ? ToNarrow(m_pSchema->GetName()) : std::string();
+    return creator.CreateCategory(database, ToNarrow(path).c_str(), schema.c_str());
+}
+
+CRef<CCorvaneCategory> CCorvaneCategory::Clone() const
+{
+    CRef<CCorvaneCategory> copy(new CCorvaneCategory(m_Manager, {}, {}, {}, nullptr, nullptr, 0));
+    copy->Assign(*this);
+    return copy;
+}
+
+void CCorvaneCategory::Assign(const CCorvaneCategory& source)
+{
+    m_sName = source.m_sName;
+    m_sComment = source.m_sComment;
+    m_dwFlags = source.m_dwFlags;
+    m_pSchema = source.m_pSchema;
+    m_pParent = source.m_pParent;
+}
+
+void CCorvaneCategory::SetName(std::u16string_view name)
+{
+    const std::u16string old = std::exchange(m_sName, std::u16string(name));
+    CPointerIndex<CCorvaneCategory>* index =
+        m_pParent ? m_pParent->m_pChildIndex.get() : m_Manager.m_pRootIndex.get();
+    if (index->Remove(HashName(old), *this))
+        index->Add(HashName(m_sName), *this);
+}
+
+void CCorvaneCategory::SetFile(std::u16string_view path)
+{
+    const std::u16string old = std::exchange(m_sFile, std::u16string(path));
+    m_Manager.OnCategoryFiled(*this, old);
+}
+
+bool CCorvaneCategory::IsAttached() const
+{
+    const CCorvaneCategory* top = this;
+    while (top->m_pParent)
+        top = top->m_pParent;
+    return top->m_bRoot;
+}
+
+CCategoryIndex& CCorvaneCategory::GetIndex() const
+{
+    const CCorvaneCategory* category = this;
+    while (!category->IsSystem() && category->m_pParent)
+        category = category->m_pParent;
+    return *category->m_pIndex;
+}
+
+template <class Change> void CCorvaneCategory::Rehome(CCorvaneCategory& root, Change change)
+{
+    CCategoryIndex& before = root.GetIndex();
+    ForEachInNamespace(root, [&before](const CCorvaneRecord& record) { before.Remove(record); });
+    change();
+    CCategoryIndex& after = root.GetIndex();
+    ForEachInNamespace(root, [&after](CCorvaneRecord& record) { after.Add(record); });
+}
+
+void CCorvaneCategory::SetSystem(bool system)
+{
+    if (system != IsSystem())
+        Rehome(*this,
+               [&] {
+                   m_dwFlags = system ? m_dwFlags | CATEGORY_FLAG_SYSTEM : m_dwFlags & ~CATEGORY_FLAG_SYSTEM;
+               });
+}
+
+std::vector<CRef<CCorvaneRecord>> CCorvaneCategory::TakeRecords()
+{
+    for (const CRef<CCorvaneRecord>& record : m_Records)
+        GetIndex().Remove(*record);
+    return std::exchange(m_Records, {});
+}
+
+std::vector<CRef<CCorvaneCategory>> CCorvaneCategory::TakeChildren()
+{
+    m_pChildIndex->Clear();
+    return std::exchange(m_Children, {});
+}
+
+void CCorvaneCategory::AddRecord(CCorvaneRecord& record)
+{
+    if (Contains(record))
+        return;
+    m_Records.emplace_back(&record);
+    GetIndex().Add(record);
+}
+
+bool CCorvaneCategory::RemoveRecord(CCorvaneRecord& record)
+{
+    const auto found = std::find(m_Records.begin(), m_Records.end(), CRef<CCorvaneRecord>(&record));
+    if (found == m_Records.end())
+        return false;
+    GetIndex().Remove(record);
+    m_Records.erase(found);
+    return true;
+}
+
+void CCorvaneCategory::AddChildCategory(CCorvaneCategory& child)
+{
+    if (child.IsSystem())
+        child.m_pParent = this;
+    else
+        Rehome(child, [&] { child.m_pParent = this; });
+    m_Children.emplace_back(&child);
+    m_pChildIndex->Add(HashName(child.m_sName), child);
+}
+
+bool CCorvaneCategory::RemoveChildCategory(CCorvaneCategory& child)
+{
+    const auto found = std::find(m_Children.begin(), m_Children.end(), CRef<CCorvaneCategory>(&child));
+    if (found == m_Children.end())
+        return false;
+    const CRef<CCorvaneCategory> keepAlive(&child);
+    m_pChildIndex->Remove(HashName(child.m_sName), child);
+    m_Children.erase(found);
+    if (child.IsSystem())
+        child.m_pParent = nullptr;
+    else
+        Rehome(child, [&] { child.m_pParent = nullptr; });
+    return true;
+}
+
+void CCorvaneCategory::OnRecordNamed(CCorvaneRecord& record, std::u16string_view oldName)
+{
+    CPointerIndex<CCorvaneRecord>& names = GetIndex().m_Names;
+    if (names.Remove(HashName(oldName), record))
+        names.Add(HashName(record.GetName()), record);
+}
+
+void CCorvaneCategory::OnRecordFiled(CCorvaneRecord& record, std::u16string_view oldFile)
+{
+    CPointerIndex<CCorvaneRecord>& files = GetIndex().m_Files;
+    if (files.Remove(CCategoryIndex::HashFile(oldFile), record))
+        files.Add(CCategoryIndex::HashFile(record.GetFile()), record);
+}
+
+bool CCorvaneCategory::Contains(const CCorvaneRecord& record) const
+{
+    if (!GetIndex().m_Names.Contains(HashName(record.GetName()), record))
+        return false;
+    // The index covers the whole namespace; the record's own link narrows it down, the list decides.
+    return record.GetCategory() == this &&
+           std::find_if(m_Records.rbegin(), m_Records.rend(),
+                        [&](const auto& held) { return held == &record; }) != m_Records.rend();
+}
+
+CCorvaneRecord* CCorvaneCategory::FindRecordByName(std::u16string_view name) const
+{
+    bool ambiguous = false;
+    CCorvaneRecord* found = GetIndex().m_Names.FindOnly(HashName(name), ambiguous,
+                                                        [&](const CCorvaneRecord& record) {
+                                                            return record.GetCategory() == this &&
+                                                                   EqualNames(record.GetName(), name);
+                                                        });
+    if (!ambiguous)
+        return found;
+    const auto first = std::find_if(m_Records.begin(), m_Records.end(),
+                                    [&](const auto& record) { return EqualNames(record->GetName(), name); });
+    return first->Get();
+}
+
+CCorvaneRecord* CCorvaneCategory::FindRecordByFile(std::u16string_view path) const
+{
+    bool ambiguous = false;
+    CCorvaneRecord* found = GetIndex().m_Files.FindOnly(CCategoryIndex::HashFile(path), ambiguous,
+                                                        [&](const CCorvaneRecord& record) {
+                                                            return record.GetCategory() == this &&
+                                                                   EqualNames(record.GetFile(), path);
+                                                        });
+    if (!ambiguous)
+        return found;
+    const auto first = std::find_if(m_Records.begin(), m_Records.end(),
+                                    [&](const auto& record) { return EqualNames(record->GetFile(), path); });
+    return first->Get();
+}
+
+CCorvaneRecord* CCorvaneCategory::FindRecordInNamespace(std::u16string_view name) const
+{
+    if (!IsSystem())
+        return ScanNamespace(name);
+    bool ambiguous = false;
+    CCorvaneRecord* found = m_pIndex->m_Names.FindOnly(HashName(name), ambiguous,
+                                                       [&](const CCorvaneRecord& record)
+                                                       { return EqualNames(record.GetName(), name); });
+    return ambiguous ? ScanNamespace(name) : found;
+}
+
+CCorvaneRecord* CCorvaneCategory::ScanNamespace(std::u16string_view name) const
+{
+    if (CCorvaneRecord* own = FindRecordByName(name))
+        return own;
+    for (const CRef<CCorvaneCategory>& child : m_Children)
+    {
+        if (child->IsSystem())
+            continue;
+        if (CCorvaneRecord* found = child->ScanNamespace(name))
+            return found;
+    }
+    return nullptr;
+}
+
+bool CCorvaneCategory::HasOtherInNamespace(std::u16string_view name, const CCorvaneRecord* except) const
+{
+    bool ambiguous = false;
+    const CCorvaneRecord* found =
+        GetIndex().m_Names.FindOnly(HashName(name), ambiguous,
+                                    [&](const CCorvaneRecord& record)
+                                    {
+                                        const bool excepted = &record == except && record.GetCategory() &&
+                                                              record.GetCategory()->IsSystem();
+                                        return !excepted && EqualNames(record.GetName(), name);
+                                    });
+    return ambiguous || found != nullptr;
+}
+
+CCorvaneCategory* CCorvaneCategory::FindChild(std::u16string_view name) const
+{
+    bool ambiguous = false;
+    CCorvaneCategory* found = m_pChildIndex->FindOnly(HashName(name), ambiguous,
+                                                      [&](const CCorvaneCategory& child)
+                                                      { return EqualNames(child.m_sName, name); });
+    return ambiguous ? ScanChildren(name, false) : found;
+}
+
+CCorvaneCategory* CCorvaneCategory::FindVirtualChild(std::u16string_view name) const
+{
+    bool ambiguous = false;
+    CCorvaneCategory* found = m_pChildIndex->FindOnly(
+        HashName(name), ambiguous,
+        [&](const CCorvaneCategory& child) { return !child.IsSystem() && EqualNames(child.m_sName, name); });
+    return ambiguous ? ScanChildren(name, true) : found;
+}
+
+CCorvaneCategory* CCorvaneCategory::ScanChildren(std::u16string_view name, bool virtualOnly) const
+{
+    for (const CRef<CCorvaneCategory>& child : m_Children)
+    {
+        if ((!virtualOnly || !child->IsSystem()) && EqualNames(child->m_sName, name))
+            return child.Get();
+    }
+    return nullptr;
+}

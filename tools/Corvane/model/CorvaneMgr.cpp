@@ -1,0 +1,92 @@
+#include "CorvaneMgr.h"
+
+#include "Module.h"
+#include "NameCompare.h"
+#include "Path.h"
+#include "PointerIndex.h"
+#include "UndoRecorder.h"
+
+CCorvaneMgr::CCorvaneMgr(const CCorvaneContext& context, const CCorvaneTypeMgr& types,
+                         const CorvaneSchemaAttribDataMgr& attribData, CSourceGate& gate, IUndoRecorder& undo)
+    : m_Context(context), m_Types(types), m_AttribDataTypes(attribData), m_Gate(gate), m_Undo(undo),
+      m_pRootIndex(std::make_unique<CPointerIndex<CCorvaneCategory>>()),
+      m_pCategoryFiles(std::make_unique<CPointerIndex<CCorvaneCategory>>()),
+      m_pSchemaNames(std::make_unique<CPointerIndex<CCorvaneSchema>>()),
+      m_pSchemaFiles(std::make_unique<CPointerIndex<CCorvaneSchema>>()),
+      m_sToolsDirectory(context.m_Modules.GetProgramDirectory()), m_PerUser(context.m_Files),
+      m_LoadParser(context.m_Files)
+{
+}
+
+CCorvaneMgr::~CCorvaneMgr()
+{
+    m_Undo.Clear();
+    ReleaseTree();
+}
+
+CObserverHandle CCorvaneMgr::AddObserver(CObserverList<const CCorvaneEvent&>::FCallback callback)
+{
+    return m_Observers.Add(std::move(callback));
+}
+
+CCorvaneCategory* CCorvaneMgr::AddCategory(CRef<CCorvaneCategory> category)
+{
+    CCorvaneCategory* parent = category->GetParent();
+    if (CCorvaneCategory* taken =
+            parent ? parent->FindChild(category->GetName()) : FindRootCategory(category->GetName()))
+        return taken;
+    if (parent)
+    {
+        parent->AddChildCategory(*category);
+    }
+    else
+    {
+        category->m_bRoot = true;
+        m_pRootIndex->Add(HashName(category->GetName()), *category);
+        m_RootCategories.push_back(category);
+    }
+    Notify(CCorvaneEvent(ECorvaneEvent::CategoryAdded, category.Get()));
+    return category.Get();
+}
+
+bool CCorvaneMgr::AddSchemaFile(std::u16string_view path)
+{
+    bool ambiguous = false;
+    const std::size_t hash = HashName(path);
+    const auto sameFile = [&](const CCorvaneSchema& schema) { return EqualNames(schema.GetFile(), path); };
+    if (m_pSchemaFiles->FindOnly(hash, ambiguous, sameFile) || ambiguous)
+        return false;
+    const CRef<CCorvaneSchema> schema = CCorvaneSchema::CreateFromFile(*this, path, nullptr);
+    if (!schema)
+        return false;
+    m_Schemas.push_back(schema);
+    m_pSchemaFiles->Add(hash, *schema);
+    m_pSchemaNames->Add(HashName(schema->GetName()), *schema);
+    return true;
+}
+
+bool CCorvaneMgr::AddRecordFile(std::u16string_view path, CCorvaneCategory& category)
+{
+    if (category.FindRecordByFile(path))
+        return false;
+    const CRef<CCorvaneRecord> record = CCorvaneRecord::CreateFromFile(path, category);
+    if (!record)
+        return false;
+    record->GetCategory()->AddRecord(*record);
+    Notify(CCorvaneEvent(ECorvaneEvent::RecordAdded, record.Get()));
+    return true;
+}
+
+void CCorvaneMgr::OnCategoryFiled(CCorvaneCategory& category, std::u16string_view oldFile)
+{
+    if (!oldFile.empty())
+        m_pCategoryFiles->Remove(HashName(oldFile), category);
+    if (!category.GetFile().empty())
+        m_pCategoryFiles->Add(HashName(category.GetFile()), category);
+}
+
+void CCorvaneMgr::OnSchemaNamed(CCorvaneSchema& schema, std::u16string_view oldName)
+{
+    if (m_pSchemaNames->Remove(HashName(oldName), schema))
+        m_pSchemaNames->Add(HashName(schema.GetName()), schema);
+}

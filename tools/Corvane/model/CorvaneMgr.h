@@ -1,0 +1,228 @@
+// The central manager: owns the schemas and the root categories, loads and closes a database, finds objects
+// by path, name and file, and is the one event line. All of it runs on the main thread.
+//
+// Texts with '/' between names are database paths, not file paths; they never begin with a separator.
+#pragma once
+
+#include "CompiledHandles.h"
+#include "Context.h"
+#include "CorvaneCategory.h"
+#include "CorvaneEvent.h"
+#include "CorvaneRecord.h"
+#include "CorvaneSchema.h"
+#include "Guid.h"
+#include "ObserverList.h"
+#include "ProjectInfo.h"
+#include "UnicodeFileParse_ReadOnly.h"
+#include "UnicodeFileParse_ReadWrite.h"
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+class CCorvaneTypeMgr;
+class CSourceGate;
+class CorvaneSchemaAttribDataMgr;
+class IProgress;
+class IUndoRecorder;
+template <class T> class CPointerIndex;
+
+// What the root file says.
+struct SRootFile
+{
+    std::int32_t m_nVersion = 0;
+    std::u16string m_sName;
+    std::u16string m_sBuild;          // Target of a compile.
+    std::u16string m_sStringDatabase; // Empty for none.
+    std::u16string m_sPostBuildStep;  // Tokens replaced; empty for none.
+    std::u16string m_sOverrideDatabase;
+    std::u16string m_sOverrideConstraints;
+    std::u16string m_sDatabase; // GUID text; empty while no database is open.
+    CGuid m_Guid;
+};
+
+class CCorvaneMgr
+{
+public:
+    // The registries, the gate and the recorder are not owned and outlive the manager.
+    CCorvaneMgr(const CCorvaneContext& context, const CCorvaneTypeMgr& types,
+                const CorvaneSchemaAttribDataMgr& attribData, CSourceGate& gate, IUndoRecorder& undo);
+    ~CCorvaneMgr();
+    CCorvaneMgr(const CCorvaneMgr&) = delete;
+    CCorvaneMgr& operator=(const CCorvaneMgr&) = delete;
+
+    // Load and close (CorvaneMgr_Load). A failed load has told why and leaves no database.
+    [[nodiscard]] bool OpenDatabase(std::u16string_view path);
+    // False only when the user cancels. Releases everything, touches no source file.
+    [[nodiscard]] bool CloseDatabase();
+    [[nodiscard]] bool LoadRootFile(std::u16string_view path);
+    [[nodiscard]] bool LocateProject(std::u16string_view path);
+    void ConnectHierarchalData(CCorvaneCategory* pParent);
+    void UpdateHierarchalData(CCorvaneCategory* pParent);
+    void EnumerateCustomFiles(const std::function<void(ICorvaneCustomFile&)>& callback);
+    [[nodiscard]] bool IsOpen() const { return !m_Root.m_sDatabase.empty(); }
+
+    // Save (CorvaneMgr_Save). `path` empty keeps the place.
+    [[nodiscard]] bool SaveDatabase(std::u16string_view path, bool force);
+    [[nodiscard]] bool SaveSchema(CCorvaneSchema* pSchema);
+    [[nodiscard]] bool SaveCategory(CCorvaneCategory* pCategory, std::u16string* outDir);
+    [[nodiscard]] bool SaveRecord(CCorvaneRecord* pRecord, bool onlyIfModified);
+
+    // Look-ups (CorvaneMgr_Find), each as a scan in list order would answer.
+    [[nodiscard]] CCorvaneSchema* FindSchema(std::u16string_view name) const;
+    [[nodiscard]] CCorvaneCategory* FindCategoryByFile(std::u16string_view path) const;
+    [[nodiscard]] CCorvaneCategory* GetCategoryForRecord(const CCorvaneRecord* pRecord) const;
+    [[nodiscard]] CCorvaneRecord* FindRecord(std::u16string_view path, CCorvaneCategory* category) const;
+    [[nodiscard]] CCorvaneCategory* FindCategory(std::u16string_view path, CCorvaneCategory* category) const;
+    [[nodiscard]] CCorvaneRecord* FindRecordByFile(std::u16string_view path) const;
+    bool GetRecordPath(const CCorvaneRecord* record, std::u16string& out) const;
+    bool GetRecordDisplayPath(const CCorvaneRecord* record, std::u16string& out) const;
+    bool GetCategoryPath(const CCorvaneCategory* category, std::u16string& out) const;
+    [[nodiscard]] bool IsCategoryNameFree(const CCorvaneCategory* parent, std::u16string_view name) const;
+    [[nodiscard]] bool IsRecordNameFree(const CCorvaneCategory& category, std::u16string_view name,
+                                        const CCorvaneRecord* except) const;
+    [[nodiscard]] std::u16string MakeCategoryNameUnique(const CCorvaneCategory* parent,
+                                                        std::u16string_view name) const;
+    [[nodiscard]] std::u16string MakeRecordNameUnique(const CCorvaneCategory& category,
+                                                      std::u16string_view name,
+                                                      const CCorvaneRecord* except) const;
+    // Maps an attribute, also one nested in struct values, onto the equal one of another record.
+    [[nodiscard]] bool FindSymmetricAttribute(const CCorvaneRecord* pRecordFrom,
+                                              const CCorvaneAttrib* pAttribFrom,
+                                              const CCorvaneRecord* pRecordTo, CCorvaneAttrib*& out) const;
+
+    // Walks (CorvaneMgr_Enumerate). Categories: parents first, all visited. Records: a category's own, then
+    // its children's; a false result ends the walk and is returned.
+    void EnumerateCategories(const std::function<void(CCorvaneCategory&)>& fn) const;
+    bool EnumerateRecords(const std::function<bool(CCorvaneRecord&)>& fn) const;
+    bool EnumerateSchemas(const std::function<bool(CCorvaneSchema&)>& fn) const;
+
+    // Virtual relative categories (CorvaneMgr_VirtualRelativeCategory).
+    [[nodiscard]] CCorvaneCategory* CreateVirtualRelativeCategory(CCorvaneCategory* pParent,
+                                                                  std::u16string_view name);
+    bool GetVirtualRelativeCategoryOffset(const CCorvaneRecord* pRecord, std::u16string& out) const;
+    [[nodiscard]] CCorvaneCategory* GetVirtualRelativeCategory(CCorvaneCategory* pParent,
+                                                               std::u16string_view offset);
+    [[nodiscard]] CCorvaneCategory* GetSystemCategory(CCorvaneCategory* category) const;
+
+    // Builds (CorvaneMgr_Defer).
+    // The number that a game's library exports; an empty path means the project's own. 0 when there is none.
+    [[nodiscard]] std::uint32_t GetBuildNumber(std::u16string_view library = {});
+    [[nodiscard]] std::uint32_t GetActiveBuild() const { return m_nActiveBuild; }
+    void SetActiveBuild(std::uint32_t build);
+    // Expert mode takes the user's choice, the other mode the game's number.
+    void ChooseActiveBuild();
+    [[nodiscard]] bool IsAttributeAvailableForBuild(const CCorvaneAttrib* pAttrib, std::uint32_t build) const;
+    [[nodiscard]] bool IsAttributeModifiedForBuild(const CCorvaneAttrib* pAttrib, std::uint32_t build) const;
+    bool MarkAttributeAsModified(CCorvaneAttrib* pAttrib);
+    // Brings every record of a schema in line with its template.
+    bool FixRecords(CCorvaneSchema& schema, bool save);
+
+    // Event line.
+    [[nodiscard]] CObserverHandle AddObserver(CObserverList<const CCorvaneEvent&>::FCallback callback);
+    int Notify(const CCorvaneEvent& event) const { return m_Observers.Notify(event); }
+
+    // Connects every schema to its parent and tells which parents are missing.
+    void ConnectSchemaParents();
+    // Tree building, for the loader and for operations. A category whose name is taken gives the one that is
+    // there.
+    CCorvaneCategory* AddCategory(CRef<CCorvaneCategory> category);
+    bool AddSchemaFile(std::u16string_view path);
+    bool AddRecordFile(std::u16string_view path, CCorvaneCategory& category);
+    // Takes a record to another category of the tree without touching disk or source control.
+    bool MoveRecordUnchecked(CCorvaneCategory* dest, CCorvaneRecord& record, bool silent);
+
+    [[nodiscard]] std::span<const CRef<CCorvaneCategory>> GetRootCategories() const
+    {
+        return m_RootCategories;
+    }
+    [[nodiscard]] std::span<const CRef<CCorvaneSchema>> GetSchemas() const { return m_Schemas; }
+    [[nodiscard]] const SRootFile& GetRootFile() const { return m_Root; }
+    // The root file's directory with its last separator, and its full path.
+    [[nodiscard]] const std::u16string& GetDirectory() const { return m_sDirectory; }
+    [[nodiscard]] const std::u16string& GetRootFilePath() const { return m_sRootFile; }
+    [[nodiscard]] const CProjectInfo& GetProject() const { return m_Project; }
+    // The directory of the program, in which a post-build step runs.
+    [[nodiscard]] const std::u16string& GetToolsDirectory() const { return m_sToolsDirectory; }
+    // The user's own settings of this database; written at each close.
+    [[nodiscard]] IUnicodeFileParse& GetPerUserFile() { return m_PerUser; }
+    [[nodiscard]] bool IsDirty() const { return m_bDirty; }
+    void SetDirty(bool dirty) { m_bDirty = dirty; }
+
+    // Handles of the running compile; both empty otherwise.
+    [[nodiscard]] CCompiledList<CCorvaneCategory>& GetCompiledCategories() { return m_CompiledCategories; }
+    [[nodiscard]] CCompiledList<CCorvaneRecord>& GetCompiledRecords() { return m_CompiledRecords; }
+    // 0 for a record that is not in the output.
+    [[nodiscard]] CreatorHandle GetCompiledRecordHandle(const CCorvaneRecord& record) const
+    {
+        return m_CompiledRecords.Find(record);
+    }
+
+    [[nodiscard]] const CCorvaneContext& GetContext() const { return m_Context; }
+    [[nodiscard]] const CCorvaneTypeMgr& GetTypes() const { return m_Types; }
+    [[nodiscard]] const CorvaneSchemaAttribDataMgr& GetAttribDataTypes() const { return m_AttribDataTypes; }
+    [[nodiscard]] CSourceGate& GetGate() const { return m_Gate; }
+    [[nodiscard]] IUndoRecorder& GetUndo() const { return m_Undo; }
+    // A parser that the load uses for file after file.
+    [[nodiscard]] CUnicodeFileParse_ReadOnly& GetLoadParser() { return m_LoadParser; }
+
+private:
+    friend class CCorvaneCategory;
+    friend class CCorvaneSchema;
+    struct SWalkedDirectory;
+
+    [[nodiscard]] bool FailOpen();
+    [[nodiscard]] bool ConnectSourceControl();
+    void ReadPerUserFile();
+    void LoadTree();
+    void EnumerateSchemaFiles(std::u16string_view directory, std::vector<SWalkedDirectory>& above);
+    void EnumerateCategoryFiles(std::u16string_view directory, CCorvaneCategory* parent,
+                                std::vector<SWalkedDirectory>& above);
+    void EnumerateRecordFiles(CCorvaneCategory& category, IProgress& progress);
+    [[nodiscard]] bool EnterDirectory(const SDirectoryEntry& entry, std::u16string_view path,
+                                      std::vector<SWalkedDirectory>& above, bool tell);
+    void LoadRecords(IProgress& progress);
+    void TellStrayRecords(std::u16string_view directory, const SDirectoryFilter& filter);
+    [[nodiscard]] std::vector<SDirectoryEntry> ListDirectory(std::u16string_view directory,
+                                                             const SDirectoryFilter& filter);
+    [[nodiscard]] static std::u16string_view CutBehindLastSeparator(std::u16string_view path);
+    void ReplacePostBuildTokens();
+    [[nodiscard]] bool AskSaveChanges();
+    void ReleaseTree();
+    void ReleaseCategory(CCorvaneCategory& category);
+    [[nodiscard]] CCorvaneCategory* FindRootCategory(std::u16string_view name) const;
+    // Keep the indexes true; for the objects themselves.
+    void OnCategoryFiled(CCorvaneCategory& category, std::u16string_view oldFile);
+    void OnSchemaNamed(CCorvaneSchema& schema, std::u16string_view oldName);
+
+    CCorvaneContext m_Context;
+    const CCorvaneTypeMgr& m_Types;
+    const CorvaneSchemaAttribDataMgr& m_AttribDataTypes;
+    CSourceGate& m_Gate;
+    IUndoRecorder& m_Undo;
+
+    std::vector<CRef<CCorvaneCategory>> m_RootCategories;
+    std::vector<CRef<CCorvaneSchema>> m_Schemas;
+    std::unique_ptr<CPointerIndex<CCorvaneCategory>> m_pRootIndex;
+    std::unique_ptr<CPointerIndex<CCorvaneCategory>> m_pCategoryFiles;
+    std::unique_ptr<CPointerIndex<CCorvaneSchema>> m_pSchemaNames;
+    std::unique_ptr<CPointerIndex<CCorvaneSchema>> m_pSchemaFiles;
+    CCompiledList<CCorvaneCategory> m_CompiledCategories;
+    CCompiledList<CCorvaneRecord> m_CompiledRecords;
+    CObserverList<const CCorvaneEvent&> m_Observers;
+
+    std::u16string m_sDirectory;
+    std::u16string m_sRootFile;
+    std::u16string m_sToolsDirectory;
+    SRootFile m_Root;
+    CProjectInfo m_Project;
+    std::uint32_t m_nActiveBuild = 0;
+    bool m_bDirty = false;
+    bool m_bPerUserRead = false; // The per-user file was read and may be written.
+    CUnicodeFileParse_ReadWrite m_PerUser;
+    CUnicodeFileParse_ReadOnly m_LoadParser;
+};

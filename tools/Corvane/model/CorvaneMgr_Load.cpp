@@ -1,0 +1,435 @@
+// How a database comes into memory and leaves it. The directory tree is the database: nothing lists its
+// files. The order of the walks is fixed, since record parents may lie in any category and inherited values
+// may be filled only when every parent link exists.
+#include "CorvaneMgr.h"
+
+#include "FormatText.h"
+#include "NameCompare.h"
+#include "Path.h"
+#include "PointerIndex.h"
+#include "Profile.h"
+#include "RunState.h"
+#include "SourceGate.h"
+#include "UndoRecorder.h"
+#include "host/Questions.h"
+#include "zrassert.h"
+
+#include <utility>
+
+namespace
+{
+constexpr std::u16string_view kGeneral = u"General";
+constexpr std::u16string_view kDatabaseSection = u"Database";
+constexpr std::u16string_view kOverrides = u"Overrides";
+
+std::u16string ReadOr(const IUnicodeFileParse& parser, std::u16string_view section, std::u16string_view key,
+                      std::u16string_view fallback)
+{
+    std::u16string value(fallback);
+    parser.ReadString(section, key, value);
+    return value;
+}
+
+void ReplaceAll(std::u16string& text, std::u16string_view token, std::u16string_view value)
+{
+    for (std::size_t at = text.find(token); at != std::u16string::npos;
+         at = text.find(token, at + value.size()))
+        text.replace(at, token.size(), value);
+}
+
+// The path without its last element; unchanged when it has no separator.
+std::u16string_view CutLastElement(std::u16string_view path)
+{
+    std::size_t cut = path.rfind(u'\\');
+    if (cut == std::u16string_view::npos)
+        cut = path.rfind(u'/');
+    return path.substr(0, cut);
+}
+} // namespace
+
+// A directory on the way from the root to the place that is being walked.
+struct CCorvaneMgr::SWalkedDirectory
+{
+    std::uint64_t m_nDevice = 0;
+    std::uint64_t m_nNode = 0;
+};
+
+bool CCorvaneMgr::OpenDatabase(std::u16string_view path)
+{
+    if (!CloseDatabase())
+        return false;
+    const CStateScope loading(m_Context.m_Run, APP_LOADING);
+    m_sRootFile = path;
+    Notify(CCorvaneEvent(ECorvaneEvent::LoadBegin));
+    m_sDirectory = CutBehindLastSeparator(path);
+
+    if (!LocateProject(path))
+    {
+        m_Context.m_Questions.Tell(
+            u"Project Error",
+            FormatText(u"Failed to locate the locator file (*.proj00) for the following "
+                       u"project.  The project could not be loaded.\n\n%s",
+                       path),
+            EIcon::Stop);
+        return FailOpen();
+    }
+    if (!LoadRootFile(path))
+    {
+        m_Context.m_Questions.Tell(u"Invalid Game Database Root File",
+                                   FormatText(u"The following file is not a valid game database root file "
+                                              u"(*.Gamdb00s) or the file may be corrupt\n\n%s",
+                                              path),
+                                   EIcon::Stop);
+        return FailOpen();
+    }
+    if (!ConnectSourceControl())
+        return FailOpen();
+    m_Context.m_Questions.PumpMessages();
+    ReadPerUserFile();
+    LoadTree();
+    m_Gate.ReadCheckOutList(m_PerUser);
+    Notify(CCorvaneEvent(ECorvaneEvent::LoadComplete));
+    Notify(CCorvaneEvent(ECorvaneEvent::LoadEnd));
+    if (!m_Context.m_Run.Test(APP_EXPERT) || m_PerUser.ReadBoolean(kDatabaseSection, u"Use.Game.Build"))
+        SetActiveBuild(GetBuildNumber());
+    return true;
+}
+
+bool CCorvaneMgr::FailOpen()
+{
+    static_cast<void>(CloseDatabase());
+    Notify(CCorvaneEvent(ECorvaneEvent::LoadEnd));
+    return false;
+}
+
+std::u16string_view CCorvaneMgr::CutBehindLastSeparator(std::u16string_view path)
+{
+    std::size_t cut = path.rfind(u'\\');
+    if (cut == std::u16string_view::npos)
+        cut = path.rfind(u'/');
+    return cut == std::u16string_view::npos ? std::u16string_view() : path.substr(0, cut + 1);
+}
+
+bool CCorvaneMgr::LocateProject(std::u16string_view path)
+{
+    CProjectInfo project;
+    if (!::LocateProject(m_Context.m_Files, path, project))
+        return false;
+    m_Project = std::move(project);
+    m_Gate.Configure(CGuid::Parse(m_Project.m_sProvider).value_or(CGuid()), m_Project.m_sDatabase);
+    m_Context.m_Run.SetBasePath(m_Project.m_sResourceRoot);
+    return true;
+}
+
+bool CCorvaneMgr::LoadRootFile(std::u16string_view path)
+{
+    CUnicodeFileParse_ReadOnly parser(m_Context.m_Files);
+    // A file that cannot be read gives all defaults and has no identity.
+    static_cast<void>(parser.Import(path, 0));
+    SRootFile root;
+    root.m_nVersion = parser.ReadInteger(kGeneral, u"Version");
+    root.m_sName = ReadOr(parser, kGeneral, u"Name", u"Unknown Database");
+    const auto inRoot = [&](std::u16string_view value) { return JoinCanonical(m_sDirectory, value); };
+    root.m_sBuild = inRoot(ReadOr(parser, kGeneral, u"Build", u"Database.Gamdb00p"));
+    root.m_sOverrideDatabase = inRoot(ReadOr(parser, kOverrides, u"Database", u"MPCustomizations.txt"));
+    root.m_sOverrideConstraints = inRoot(ReadOr(parser, kOverrides, u"Constraints", u"DBConstraints.dat"));
+    if (parser.IsKey(kGeneral, u"StringDatabase"))
+        root.m_sStringDatabase =
+            JoinCanonical(GetDirectoryPart(path), ReadOr(parser, kGeneral, u"StringDatabase", u""));
+    if (parser.IsKey(kGeneral, u"PostBuildStep"))
+        root.m_sPostBuildStep =
+            JoinCanonical(m_sToolsDirectory, ReadOr(parser, kGeneral, u"PostBuildStep", u""));
+    const std::u16string identity = ReadOr(parser, kGeneral, u"Database", u"");
+    const std::optional<CGuid> guid = CGuid::Parse(identity);
+    if (!guid)
+        return false;
+    root.m_sDatabase = identity;
+    root.m_Guid = *guid;
+    m_Root = std::move(root);
+    ReplacePostBuildTokens();
+    SetActiveBuild(GetBuildNumber());
+    return true;
+}
+
+void CCorvaneMgr::ReplacePostBuildTokens()
+{
+    std::u16string& command = m_Root.m_sPostBuildStep;
+    if (command.empty())
+        return;
+    const std::u16string& basePath = m_Context.m_Run.GetBasePath();
+    ReplaceAll(command, u"%GAMEDIR%", basePath);
+    ReplaceAll(command, u"%RUNTIMEDIR%", CutLastElement(basePath));
+    ReplaceAll(command, u"%TOOLSDIR%", WithoutLastSeparator(m_sToolsDirectory));
+    ReplaceAll(command, u"%SOURCECONTROLPROVIDER%", m_Gate.GetProvider().ToText());
+    ReplaceAll(command, u"%SOURCECONTROLDATABASE%", m_Gate.GetProject());
+    ReplaceAll(command, u"%SILENT%", m_Context.m_Run.m_bSilent ? u"1" : u"0");
+}
+
+bool CCorvaneMgr::ConnectSourceControl()
+{
+    while (!m_Gate.Connect())
+    {
+        const EAnswer answer = m_Context.m_Questions.Ask(
+            MakeQuestion(u"Source Control Integration", u"Failed to initialize source control integration.",
+                         EButtons::AbortRetryIgnore, EIcon::Stop));
+        if (answer == EAnswer::Ignore)
+            return true;
+        if (answer != EAnswer::Retry)
+            return false;
+    }
+    return true;
+}
+
+void CCorvaneMgr::ReadPerUserFile()
+{
+    m_PerUser.Clear();
+    // A user's first load has no such file.
+    static_cast<void>(m_PerUser.Import(GetPerUserFilePath(m_Root.m_sDatabase), 0));
+    m_bPerUserRead = true;
+    m_PerUser.WriteString(kGeneral, u"Database", m_Root.m_sName);
+    if (m_PerUser.ReadInteger(kDatabaseSection, u"Version") >= m_Root.m_nVersion &&
+        m_PerUser.IsKey(kDatabaseSection, u"Active.Build"))
+        SetActiveBuild(static_cast<std::uint32_t>(m_PerUser.ReadInteger(kDatabaseSection, u"Active.Build")));
+}
+
+void CCorvaneMgr::LoadTree()
+{
+    const std::unique_ptr<IProgress> progress = m_Context.m_Questions.CreateProgress(u"Open Database");
+    std::vector<SWalkedDirectory> above;
+    progress->SetText(u"Loading Schemas...");
+    Notify(CCorvaneEvent(ECorvaneEvent::SchemasLoadBegin));
+    EnumerateSchemaFiles(m_sDirectory, above);
+    ConnectSchemaParents();
+    Notify(CCorvaneEvent(ECorvaneEvent::SchemasLoadEnd));
+
+    progress->SetText(u"Loading Categories...");
+    Notify(CCorvaneEvent(ECorvaneEvent::CategoriesLoadBegin));
+    EnumerateCategoryFiles(m_sDirectory, nullptr, above);
+    Notify(CCorvaneEvent(ECorvaneEvent::CategoriesLoadEnd));
+
+    progress->SetText(u"Loading Records...");
+    Notify(CCorvaneEvent(ECorvaneEvent::RecordsLoadBegin));
+    LoadRecords(*progress);
+    for (const CRef<CCorvaneCategory>& category : m_RootCategories)
+        ConnectHierarchalData(category.Get());
+    for (const CRef<CCorvaneCategory>& category : m_RootCategories)
+        UpdateHierarchalData(category.Get());
+    Notify(CCorvaneEvent(ECorvaneEvent::RecordsLoadEnd));
+}
+
+// True when `entry` does not lead back to a directory that is being walked, as a link may.
+bool CCorvaneMgr::EnterDirectory(const SDirectoryEntry& entry, std::u16string_view path,
+                                 std::vector<SWalkedDirectory>& above, bool tell)
+{
+    for (const SWalkedDirectory& directory : above)
+    {
+        if (directory.m_nNode != entry.m_nNode || directory.m_nDevice != entry.m_nDevice)
+            continue;
+        if (tell)
+            m_Context.m_Questions.Tell(
+                u"Directory Loop",
+                FormatText(u"The following directory leads back to a directory above it and "
+                           u"is left out.\n\n%s",
+                           path));
+        return false;
+    }
+    above.push_back({entry.m_nDevice, entry.m_nNode});
+    return true;
+}
+
+std::vector<SDirectoryEntry> CCorvaneMgr::ListDirectory(std::u16string_view directory,
+                                                        const SDirectoryFilter& filter)
+{
+    std::vector<SDirectoryEntry> entries;
+    const CFileError error = m_Context.m_Files.ListDirectory(directory, filter, entries);
+    if (!error.IsOk())
+        m_Context.m_Questions.Tell(
+            u"Directory Error",
+            FormatText(u"The following directory could not be read: %s.\n\n%s", error.GetText(), directory));
+    return entries;
+}
+
+void CCorvaneMgr::EnumerateSchemaFiles(std::u16string_view directory, std::vector<SWalkedDirectory>& above)
+{
+    const SDirectoryFilter filter{.m_bDirectories = true, .m_bFiles = true, .m_sExtension = u"schema"};
+    for (const SDirectoryEntry& entry : ListDirectory(directory, filter))
+    {
+        const std::u16string path = JoinPath(directory, entry.m_sName);
+        if (!entry.m_bDirectory)
+        {
+            AddSchemaFile(path);
+        }
+        else if (EnterDirectory(entry, path, above, true))
+        {
+            EnumerateSchemaFiles(path, above);
+            above.pop_back();
+        }
+    }
+}
+
+void CCorvaneMgr::ConnectSchemaParents()
+{
+    for (const CRef<CCorvaneSchema>& schema : m_Schemas)
+    {
+        if (schema->ConnectParent())
+            continue;
+        m_Context.m_Questions.Tell(
+            u"Find Schema Failed",
+            FormatText(u"Failed to find schema '%s'.  This schema is specified as the parent of schema '%s'.",
+                       schema->GetParentName(), schema->GetName()));
+    }
+}
+
+void CCorvaneMgr::EnumerateCategoryFiles(std::u16string_view directory, CCorvaneCategory* parent,
+                                         std::vector<SWalkedDirectory>& above)
+{
+    const SDirectoryFilter filter{.m_bDirectories = true, .m_bFiles = false, .m_sExtension = {}};
+    for (const SDirectoryEntry& entry : ListDirectory(directory, filter))
+    {
+        const std::u16string path = JoinPath(directory, entry.m_sName);
+        const std::u16string file = path + GetSeparator(path) + u"cvd.category";
+        if (!m_Context.m_Files.Exists(file) || !EnterDirectory(entry, path, above, false))
+            continue;
+        if (const CRef<CCorvaneCategory> category = CCorvaneCategory::CreateFromFile(*this, file, parent))
+            EnumerateCategoryFiles(path, AddCategory(category), above);
+        above.pop_back();
+    }
+}
+
+void CCorvaneMgr::LoadRecords(IProgress& progress)
+{
+    // The tree grows by virtual categories while records are read; only system categories have directories.
+    std::vector<CCorvaneCategory*> directories;
+    EnumerateCategories([&](CCorvaneCategory& category) { directories.push_back(&category); });
+    for (std::size_t i = 0; i < directories.size(); ++i)
+    {
+        progress.SetPercent(static_cast<int>(100 * i / directories.size()));
+        static_cast<void>(progress.Pump()); // A load cannot be cancelled half-way.
+        EnumerateRecordFiles(*directories[i], progress);
+    }
+    progress.SetPercent(100);
+}
+
+void CCorvaneMgr::EnumerateRecordFiles(CCorvaneCategory& category, IProgress& progress)
+{
+    const SDirectoryFilter filter{.m_bDirectories = false, .m_bFiles = true, .m_sExtension = u"record"};
+    std::u16string path(GetDirectoryPart(category.GetFile()));
+    const std::size_t length = path.size();
+    std::size_t count = 0;
+    if (category.GetSchema() == nullptr)
+        return TellStrayRecords(path, filter);
+    for (const SDirectoryEntry& entry : ListDirectory(path, filter))
+    {
+        path.resize(length);
+        path += entry.m_sName;
+        AddRecordFile(path, category);
+        if (++count % 512 == 0)
+            static_cast<void>(progress.Pump());
+    }
+}
+
+void CCorvaneMgr::TellStrayRecords(std::u16string_view directory, const SDirectoryFilter& filter)
+{
+    const std::vector<SDirectoryEntry> entries = ListDirectory(directory, filter);
+    if (!entries.empty())
+        m_Context.m_Questions.Tell(
+            u"Invalid Schema", FormatText(u"The category names no schema, so that %d records in it are not "
+                                          u"loaded.\n\n%s",
+                                          entries.size(), directory));
+}
+
+void CCorvaneMgr::ConnectHierarchalData(CCorvaneCategory* pParent)
+{
+    ZRASSERT_MSG(pParent, "Invalid category pointer");
+    if (pParent == nullptr)
+        return;
+    for (const CRef<CCorvaneRecord>& record : pParent->GetRecords())
+        record->ConnectHierarchy();
+    for (const CRef<CCorvaneCategory>& child : pParent->GetChildren())
+        ConnectHierarchalData(child.Get());
+}
+
+void CCorvaneMgr::UpdateHierarchalData(CCorvaneCategory* pParent)
+{
+    ZRASSERT_MSG(pParent, "Invalid category pointer");
+    if (pParent == nullptr)
+        return;
+    for (const CRef<CCorvaneRecord>& record : pParent->GetRecords())
+    {
+        if (record->GetParent() == nullptr)
+            record->UpdateHierarchy();
+    }
+    for (const CRef<CCorvaneCategory>& child : pParent->GetChildren())
+        UpdateHierarchalData(child.Get());
+}
+
+bool CCorvaneMgr::CloseDatabase()
+{
+    if (!m_Context.m_Run.Test(APP_CLOSING) && (m_bDirty || m_Undo.HasEntries()) && !AskSaveChanges())
+        return false;
+    Notify(CCorvaneEvent(ECorvaneEvent::CloseBegin));
+    m_bDirty = false;
+    m_Undo.Clear();
+    ReleaseTree();
+    m_Root.m_sName.clear();
+    m_Gate.Disconnect();
+    if (std::exchange(m_bPerUserRead, false))
+    {
+        m_PerUser.WriteInteger(kDatabaseSection, u"Version", m_Root.m_nVersion);
+        m_PerUser.WriteInteger(kDatabaseSection, u"Active.Build", static_cast<std::int32_t>(m_nActiveBuild));
+        const std::u16string path = GetPerUserFilePath(m_Root.m_sDatabase);
+        if (!m_PerUser.Export(path, EXPORT_UTF16LE))
+            m_Context.m_Questions.Tell(
+                u"Write Error", FormatText(u"Your settings of this database could not be written: %s.\n\n%s",
+                                           m_PerUser.GetLastError().GetText(), path));
+    }
+    m_PerUser.Clear();
+    m_Root.m_sDatabase.clear();
+    Notify(CCorvaneEvent(ECorvaneEvent::CloseEnd));
+    return true;
+}
+
+// False when the user cancels.
+bool CCorvaneMgr::AskSaveChanges()
+{
+    CQuestion question = MakeQuestion(u"Save Changes", u"Save changes to this database?",
+                                      EButtons::YesNoCancel, EIcon::Question);
+    question.m_Unattended = EAnswer::No;
+    const EAnswer answer = m_Context.m_Questions.Ask(question);
+    if (answer == EAnswer::Yes)
+        static_cast<void>(SaveDatabase({}, false));
+    return answer != EAnswer::Cancel;
+}
+
+void CCorvaneMgr::ReleaseTree()
+{
+    m_CompiledRecords.Clear();
+    m_CompiledCategories.Clear();
+    while (!m_RootCategories.empty())
+    {
+        const CRef<CCorvaneCategory> category = m_RootCategories.back();
+        ReleaseCategory(*category);
+        m_RootCategories.pop_back();
+    }
+    m_pRootIndex->Clear();
+    m_pSchemaNames->Clear();
+    m_pSchemaFiles->Clear();
+    for (const CRef<CCorvaneSchema>& schema : m_Schemas)
+        schema->Clear();
+    m_Schemas.clear();
+}
+
+void CCorvaneMgr::ReleaseCategory(CCorvaneCategory& category)
+{
+    Notify(CCorvaneEvent(ECorvaneEvent::CategoryDeleting, &category));
+    for (std::vector<CRef<CCorvaneRecord>> records = category.TakeRecords(); !records.empty();
+         records.pop_back())
+    {
+        Notify(CCorvaneEvent(ECorvaneEvent::RecordDeleted, records.back().Get()));
+        records.back()->Clear();
+    }
+    for (std::vector<CRef<CCorvaneCategory>> children = category.TakeChildren(); !children.empty();
+         children.pop_back())
+        ReleaseCategory(*children.back());
+    Notify(CCorvaneEvent(ECorvaneEvent::CategoryDeleted, &category));
+}

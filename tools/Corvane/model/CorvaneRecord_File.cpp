@@ -1,0 +1,204 @@
+// How a record reads, refreshes and writes its file. The form is described in docs/formats/record-files.md.
+#include "CorvaneRecord.h"
+
+#include "CorvaneMgr.h"
+#include "CorvaneSchema.h"
+#include "CorvaneSchemaAttribData.h"
+#include "FormatText.h"
+#include "NameCompare.h"
+#include "Path.h"
+#include "SourceFileWriter.h"
+#include "SourceGate.h"
+#include "host/Questions.h"
+#include "zrassert.h"
+
+#include <utility>
+
+namespace
+{
+constexpr std::u16string_view kRecordSection = u"Record";
+constexpr std::u16string_view kHierarchySection = u"Hierarchy";
+
+std::u16string_view ReadKey(const CUnicodeFileParse_ReadOnly& parser, std::u16string_view section,
+                            std::u16string_view key)
+{
+    const std::ptrdiff_t found = parser.FindSection(section);
+    return found < 0 ? std::u16string_view() : parser.FindValue(static_cast<std::size_t>(found), key);
+}
+
+std::ptrdiff_t FindAttributeSection(const CUnicodeFileParse_ReadOnly& parser, const CCorvaneAttrib& attrib)
+{
+    const CCorvaneSchemaAttribData* data = attrib.GetAttribData();
+    if (data == nullptr)
+        return -1;
+    const auto& byBuild = data->GetBuildSection();
+    const std::ptrdiff_t found = parser.FindSection(byBuild.m_sName, byBuild.m_nHash);
+    if (found >= 0 || data->GetBuild() != 0)
+        return found;
+    const auto& plain = data->GetPlainSection();
+    return parser.FindSection(plain.m_sName, plain.m_nHash);
+}
+} // namespace
+
+CRef<CCorvaneRecord> CCorvaneRecord::CreateFromFile(std::u16string_view path, CCorvaneCategory& category)
+{
+    CCorvaneMgr& manager = category.GetManager();
+    if (category.GetSchema() == nullptr)
+    {
+        ZRASSERT_SITE("pParent->GetSchema()", "");
+        return nullptr;
+    }
+    CUnicodeFileParse_ReadOnly& parser = manager.GetLoadParser();
+    if (!ImportSourceFile(manager, parser, path, u"Invalid Record File Format", u"record"))
+        return nullptr;
+
+    const std::u16string_view offset = ReadKey(parser, kRecordSection, u"VirtualRelativeCategory");
+    CCorvaneCategory* target = manager.GetVirtualRelativeCategory(&category, offset);
+    if (target == nullptr || target->FindRecordByFile(path) != nullptr)
+        return nullptr;
+    if (!EqualNames(ReadKey(parser, kRecordSection, u"Schema"), category.GetSchema()->GetName()))
+        return nullptr;
+
+    CRef<CCorvaneRecord> record = category.GetSchema()->CloneRecordFromTemplate();
+    if (!record)
+        return nullptr;
+    ZRASSERT_MSG(!record->m_pParent, "pRecord->m_pParent == NULL");
+    record->m_sName = ReadKey(parser, kRecordSection, u"Name");
+    if (const std::u16string_view comment = ReadKey(parser, kRecordSection, u"Comment"); !comment.empty())
+        record->m_sComment = DecodeMultiLine(comment);
+    record->m_pCategory = CRef<CCorvaneCategory>(target);
+    record->m_sHierarchy = ReadKey(parser, kHierarchySection, u"Record");
+    record->m_sFile = path;
+    record->m_Stamp = parser.GetFileInfo().m_Stamp;
+    record->ReadAttributes(parser);
+    return record;
+}
+
+void CCorvaneRecord::ReadAttributes(const CUnicodeFileParse_ReadOnly& parser)
+{
+    // From the last to the first: an entry without a section takes the values of the next older one, which
+    // has been read by then.
+    for (std::size_t i = m_Attribs.size(); i-- > 0;)
+    {
+        CCorvaneAttrib& attrib = *m_Attribs[i];
+        const std::ptrdiff_t section = FindAttributeSection(parser, attrib);
+        if (section >= 0)
+        {
+            attrib.LoadFromFile(*this, nullptr, parser, static_cast<std::size_t>(section));
+            continue;
+        }
+        CopyValuesFromOlderBuild(attrib);
+        attrib.SetInherit(true, false);
+    }
+}
+
+bool CopyValuesFromOlderBuild(CCorvaneAttrib& attrib)
+{
+    const std::ptrdiff_t index = attrib.GetIndexInRecord();
+    if (index < 0)
+        return false;
+    const auto list = attrib.GetParentRecord()->GetAttributeList();
+    const auto next = static_cast<std::size_t>(index) + 1;
+    if (next < list.size() && EqualNames(list[next]->GetName(), attrib.GetName()))
+        attrib.ReplaceValues(list[next]->GetValueList());
+    return true;
+}
+
+bool CCorvaneRecord::ReloadFromFile()
+{
+    if (m_sFile.empty())
+        return false;
+    CUnicodeFileParse_ReadOnly parser(m_Manager.GetContext().m_Files);
+    if (!parser.Import(m_sFile, 0))
+        return false;
+    const CRef<CCorvaneRecord> keepAlive(this);
+    SetFlag(RECORD_FLAG_MODIFIED, false);
+
+    CCorvaneCategory* system = m_Manager.GetCategoryForRecord(this);
+    const std::u16string_view offset = ReadKey(parser, kRecordSection, u"VirtualRelativeCategory");
+    CCorvaneCategory* target = system ? m_Manager.GetVirtualRelativeCategory(system, offset) : nullptr;
+    if (target && target != GetCategory())
+        m_Manager.MoveRecordUnchecked(target, *this, true);
+    SetFlag(RECORD_FLAG_MODIFIED, false);
+
+    const std::u16string old =
+        std::exchange(m_sName, std::u16string(ReadKey(parser, kRecordSection, u"Name")));
+    if (m_pCategory)
+        m_pCategory->OnRecordNamed(*this, old);
+    m_sComment = DecodeMultiLine(ReadKey(parser, kRecordSection, u"Comment"));
+    if (const std::u16string_view parent = ReadKey(parser, kHierarchySection, u"Record"); parent.data())
+        m_sHierarchy = parent;
+    m_Stamp = parser.GetFileInfo().m_Stamp;
+
+    for (const CRef<CCorvaneAttrib>& attrib : m_Attribs)
+    {
+        const std::ptrdiff_t section = parser.FindSection(u"Attrib." + attrib->GetName());
+        if (section >= 0 && attrib->GetBuild() == 0)
+            attrib->LoadFromFile(*this, nullptr, parser, static_cast<std::size_t>(section));
+    }
+    return true;
+}
+
+std::u16string CCorvaneRecord::MakeFilePath(const CCorvaneCategory& systemCategory) const
+{
+    const std::u16string directory(GetDirectoryPart(systemCategory.GetFile()));
+    const std::u16string base =
+        m_sFile.empty() ? MakeFileBaseName(m_sName) : std::u16string(SplitPath(m_sFile).name);
+    std::u16string path = directory + base + u".record";
+    IFileSystem& files = m_Manager.GetContext().m_Files;
+    // Another object's file is never overwritten by a first save or a move.
+    for (int number = 2; path != m_sFile && files.Exists(path); ++number)
+        path = directory + FormatText(u"%s (%d).record", base, number);
+    return path;
+}
+
+bool CCorvaneRecord::SaveToFile(bool force)
+{
+    if (!force && !TestFlag(RECORD_FLAG_MODIFIED))
+        return true;
+    const CCorvaneCategory* system = m_Manager.GetSystemCategory(m_pCategory.Get());
+    if (system == nullptr || system->GetFile().empty())
+        return false;
+    SetFile(MakeFilePath(*system));
+
+    CUnicodeFileParse_ReadWrite writer(m_Manager.GetContext().m_Files);
+    if (!FillWriter(writer))
+        return false;
+    CSourceGate& gate = m_Manager.GetGate();
+    if (gate.IsConnected() && gate.IsControlled(m_sFile) && !gate.IsMine(m_sFile) &&
+        !gate.CheckOutForEdit(*this))
+    {
+        m_Manager.GetContext().m_Questions.Tell(
+            u"Record Check Out Failed",
+            FormatText(u"Failed to check the following file out.  The file cannot be saved.\n\n%s", m_sFile),
+            EIcon::Stop);
+        return false;
+    }
+    const EWriteResult result = WriteSourceFile(m_Manager, writer, m_sFile, m_Stamp);
+    if (result == EWriteResult::Written)
+        SetFlag(RECORD_FLAG_MODIFIED, false);
+    return result != EWriteResult::Aborted;
+}
+
+bool CCorvaneRecord::FillWriter(IUnicodeFileParse& writer) const
+{
+    const CCorvaneSchema* schema = GetSchema();
+    std::u16string offset;
+    m_Manager.GetVirtualRelativeCategoryOffset(this, offset);
+    writer.WriteString(kRecordSection, u"Schema", schema ? schema->GetName() : std::u16string());
+    writer.WriteString(kRecordSection, u"Name", m_sName);
+    writer.WriteString(kRecordSection, u"Comment", EncodeMultiLine(m_sComment));
+    writer.WriteString(kRecordSection, u"VirtualRelativeCategory", offset);
+    if (m_pParent)
+    {
+        std::u16string parent;
+        m_Manager.GetRecordPath(m_pParent.Get(), parent);
+        writer.WriteString(kHierarchySection, u"Record", parent);
+    }
+    for (const CRef<CCorvaneAttrib>& attrib : m_Attribs)
+    {
+        if (!attrib->SaveToFile(writer, {}))
+            return false;
+    }
+    return true;
+}

@@ -1,0 +1,27 @@
+// What reading and writing of the database's source files have in common: the words for a file of a wrong
+// encoding, and the retry question of a failed write.
+#pragma once
+
+#include <string_view>
+
+class CCorvaneMgr;
+class CUnicodeFileParse_ReadOnly;
+class IUnicodeFileParse;
+struct SFileStamp;
+
+// Imports `path`. A file that is not UTF-16 is told under `title`, with `kind` naming what it should be; a
+// file that cannot be read is told with its cause. False in both cases.
+[[nodiscard]] bool ImportSourceFile(CCorvaneMgr& manager, CUnicodeFileParse_ReadOnly& parser,
+                                    std::u16string_view path, std::u16string_view title,
+                                    std::u16string_view kind);
+
+enum class EWriteResult
+{
+    Written,
+    Ignored, // The user chose to go on; what was to be written stays marked as changed.
+    Aborted,
+};
+
+// Exports to `path`, asking Abort, Retry, Ignore after each failure. `stamp` becomes the written file's.
+[[nodiscard]] EWriteResult WriteSourceFile(CCorvaneMgr& manager, IUnicodeFileParse& writer,
+                                           std::u16string_view path, SFileStamp& stamp);

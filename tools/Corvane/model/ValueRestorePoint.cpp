@@ -1,0 +1,52 @@
+#include "ValueRestorePoint.h"
+
+#include "CorvaneMgr.h"
+
+#include <memory>
+
+CValueRestorePoint::CValueRestorePoint(CCorvaneType& attrib, std::size_t index, bool added)
+    : m_pAttrib(&attrib), m_nIndex(index), m_bAdded(added)
+{
+    if (!added)
+        m_sOther = attrib.GetValue(index);
+}
+
+bool CValueRestorePoint::Undo(bool)
+{
+    const std::u16string current(m_pAttrib->GetValue(m_nIndex));
+    bool done = false;
+    if (m_bAdded && !m_bRemoved)
+        done = m_pAttrib->RemoveValue(m_nIndex);
+    else if (m_bAdded)
+        done = m_pAttrib->CCorvaneAttrib::InsertValue(m_nIndex, m_sOther);
+    else
+        done = m_pAttrib->SetValue(m_nIndex, m_sOther);
+    if (!done)
+        return false;
+    m_bRemoved = m_bAdded && !m_bRemoved;
+    m_sOther = current;
+    m_pAttrib->NotifyViews(nullptr, kViewValueChanged);
+    return true;
+}
+
+bool CValueRestorePoint::Redo()
+{
+    return Undo(true);
+}
+
+std::size_t CValueRestorePoint::GetSize() const
+{
+    return m_sOther.capacity() * 2 + 48;
+}
+
+bool CValueRestorePoint::Refers(const CCorvaneRef& object) const
+{
+    return m_pAttrib.Get() == &object;
+}
+
+void RecordValueChange(CCorvaneType& attrib, std::size_t index, bool added)
+{
+    CCorvaneMgr* manager = attrib.GetManager();
+    if (manager && manager->GetUndo().IsRecording())
+        manager->GetUndo().AddRestorePoint(std::make_unique<CValueRestorePoint>(attrib, index, added));
+}
