@@ -1,0 +1,174 @@
+#include "DatabaseDump.h"
+#include "GameDatabase.h"
+#include "PackedSeal.h"
+#include "ScratchDir.h"
+#include "SmallDatabase.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <random>
+#include <sstream>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace
+{
+std::string OpenError(std::span<const std::byte> bytes)
+{
+    std::string error;
+    const bool isOpen = CGameDatabase::OpenMemory(bytes, error).has_value();
+    EXPECT_EQ(isOpen, error.empty());
+    return error;
+}
+
+std::string FileError(const std::filesystem::path& path)
+{
+    std::string error;
+    EXPECT_FALSE(CGameDatabase::Open(path.string(), error));
+    EXPECT_NE(error.find(path.string()), std::string::npos) << error;
+    return error;
+}
+
+std::string AsText(std::span<const std::byte> bytes)
+{
+    return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
+}
+
+// Reads everything that a file offers.
+void ReadAll(const CGameDatabase& database)
+{
+    std::ostringstream out;
+    DumpDatabase(database, out);
+    for (std::size_t i = 0; i < database.GetRecordCount(); ++i)
+    {
+        const CGameRecord record = database.GetRecord(i);
+        (void)database.FindRecord(record.GetPath()).GetName();
+        for (std::size_t j = 0; j < record.GetAttributeCount(); ++j)
+        {
+            const CGameAttribute attribute = record.GetAttribute(j);
+            (void)record.FindAttribute(attribute.GetName()).GetCount();
+            for (std::size_t row = 0; row < std::min<std::size_t>(attribute.GetCount(), 8); ++row)
+                EXPECT_LE(attribute.GetRow(row).FindMember("Item").GetMemberName().size(), 4U);
+        }
+    }
+}
+} // namespace
+
+TEST(Corruption, EveryTruncationIsRefused)
+{
+    const std::vector<std::byte> bytes = MakeSmallDatabase();
+    for (std::size_t size = 0; size < bytes.size(); ++size)
+    {
+        // A copy of the exact size lets the address sanitizer see a read behind the end.
+        const std::vector<std::byte> cut(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(size));
+        EXPECT_NE(OpenError(cut), "") << size;
+    }
+}
+
+TEST(Corruption, EveryChangedByteIsDetected)
+{
+    std::vector<std::byte> bytes = MakeSmallDatabase();
+    ASSERT_EQ(OpenError(bytes), "");
+    for (std::size_t i = 0; i < bytes.size(); ++i)
+    {
+        for (const int change : {0x01, 0x80, 0xFF})
+        {
+            bytes[i] ^= static_cast<std::byte>(change);
+            EXPECT_NE(OpenError(bytes), "") << i;
+            bytes[i] ^= static_cast<std::byte>(change);
+        }
+    }
+    bytes.push_back({});
+    EXPECT_NE(OpenError(bytes), "");
+}
+
+// A file that carries the right checksum for the wrong content passes to the checks of the indexes; what they
+// let through must be safe to read.
+TEST(Corruption, ResealedChangesNeverLeadOutside)
+{
+    const std::vector<std::byte> sound = MakeSmallDatabase();
+    std::mt19937 random(7);
+    int opened = 0;
+    int refused = 0;
+    for (int round = 0; round < 20000; ++round)
+    {
+        std::vector<std::byte> bytes = sound;
+        // The first part holds the table, whose offsets the seal itself needs.
+        const std::size_t at = 160 + random() % (bytes.size() - 160);
+        const auto any = static_cast<std::uint32_t>(random());
+        const std::uint32_t wild[] = {0, 1, 2, 0xFFFFFFFF, 0x7FFFFFFF, any % 64, any};
+        const std::uint32_t word = wild[random() % 7];
+        if (random() % 2 == 0)
+            std::memcpy(&bytes[at / 4 * 4], &word, 4);
+        else
+            bytes[at] ^= static_cast<std::byte>(1 + random() % 255);
+        ASSERT_TRUE(packed::Seal(bytes));
+        std::string error;
+        if (const auto database = CGameDatabase::OpenMemory(bytes, error))
+            ReadAll(*database);
+        ++(error.empty() ? opened : refused);
+    }
+    EXPECT_GT(opened, 100);
+    EXPECT_GT(refused, 100);
+}
+
+TEST(Corruption, RandomBytesAreRefused)
+{
+    std::mt19937 random(11);
+    for (int round = 0; round < 2000; ++round)
+    {
+        std::vector<std::byte> bytes(random() % 600);
+        for (std::byte& byte : bytes)
+            byte = static_cast<std::byte>(random());
+        if (bytes.size() >= 8 && round % 2 == 0)
+            std::memcpy(bytes.data() + 4, "CVGD", 4);
+        EXPECT_NE(OpenError(bytes), "");
+    }
+}
+
+TEST(Corruption, MessagesNameFileAndCause)
+{
+    const CScratchDir dir;
+    const std::vector<std::byte> sound = MakeSmallDatabase();
+    std::vector<std::byte> later = sound;
+    // The version is the first number behind the table's own offset; both it and the seal are put right.
+    const auto version = std::find(later.begin() + 16, later.end(), std::byte{1});
+    bool isVersionFound = false;
+    for (auto at = version; at != later.end() && !isVersionFound; ++at)
+    {
+        if (*at != std::byte{1})
+            continue;
+        *at = std::byte{9};
+        isVersionFound =
+            packed::Seal(later) && OpenError(later).find("format version 9") != std::string::npos;
+        if (!isVersionFound)
+            *at = std::byte{1};
+    }
+    ASSERT_TRUE(isVersionFound);
+
+    dir.WriteBytes("empty", "");
+    dir.WriteBytes("foreign", "This is a text, not a database.");
+    dir.WriteBytes("damaged", AsText(sound).substr(0, sound.size() - 1));
+    dir.WriteBytes("later", AsText(later));
+    dir.WriteBytes("folder/inner", "");
+    const std::pair<const char*, const char*> cases[] = {
+        {"missing", "does not exist"},           {"empty", "is empty"},
+        {"foreign", "not a packed database"},    {"damaged", "is damaged"},
+        {"later", "version 9 is not supported"}, {"folder", "is not a file"},
+    };
+    for (const auto& [name, cause] : cases)
+        EXPECT_NE(FileError(dir.GetPath() / name).find(cause), std::string::npos) << name;
+
+    if (::geteuid() == 0)
+        return;
+    ASSERT_EQ(::chmod((dir.GetPath() / "damaged").c_str(), 0), 0);
+    EXPECT_NE(FileError(dir.GetPath() / "damaged").find("no permission"), std::string::npos);
+}
+
+TEST(Corruption, MemoryMustBeAligned)
+{
+    std::vector<std::byte> bytes = MakeSmallDatabase();
+    bytes.insert(bytes.begin(), std::byte{});
+    EXPECT_NE(OpenError(std::span(bytes).subspan(1)).find("multiple of 8"), std::string::npos);
+}
