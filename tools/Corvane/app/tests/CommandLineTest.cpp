@@ -1,0 +1,129 @@
+// The command line's rules as a table, and the list of recent files.
+#include "CorvaneCommandLineInfo.h"
+#include "DiskFileSystem.h"
+#include "Profile.h"
+#include "RecentFileList.h"
+#include "ScratchDir.h"
+#include "Unicode.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+#include <vector>
+
+namespace
+{
+std::vector<std::u16string> Split(const std::string& line)
+{
+    std::vector<std::u16string> words;
+    std::istringstream in(line);
+    for (std::string word; in >> word;)
+        words.push_back(ToWide(word));
+    return words;
+}
+
+// Everything that was understood, in one line.
+std::string Describe(const CCorvaneCommandLineInfo& info)
+{
+    std::string text = info.m_nShellCommand == EShellCommand::FileOpen ? "open" : "new";
+    text += info.m_bSilent ? " silent" : "";
+    text += info.m_bPack ? " pack" : "";
+    const std::pair<const char*, const std::u16string*> fields[] = {
+        {" file=", &info.m_strFileName}, {" output=", &info.m_sOutput},
+        {" window=", &info.m_sWindow},   {" build=", &info.m_sBuildNumber},
+        {" log=", &info.m_sLog},         {" update=", &info.m_sUpdateDependency},
+    };
+    for (const auto& [name, value] : fields)
+        text += value->empty() ? "" : name + ToNarrow(*value);
+    return text + " state=" + std::to_string(static_cast<int>(info.m_nParameterState));
+}
+} // namespace
+
+TEST(CommandLine, SwitchesAndParametersFindTheirPlaces)
+{
+    struct SRow
+    {
+        const char* arguments;
+        const char* expected;
+    };
+    const SRow rows[] = {
+        {"", "new state=0"},
+        {"root", "open file=root state=0"},
+        {"root second", "open file=root state=0"},
+        {"-Output a b c", "open file=b output=a state=1"},
+        {"-Output a -Pack b", "open pack file=b output=a state=1"},
+        {"-Output -Pack a b", "open pack file=b output=a state=1"},
+        {"-Output -Silent", "new silent state=1"},
+        {"-pack /PACK -sILENT", "new silent pack state=0"},
+        {"-Window 12 -BuildNumber 7 -Log l -UpdateDependency d -Output o r",
+         "open file=r output=o window=12 build=7 log=l update=d state=1"},
+        {"-Log l -Output o -Log m", "open file=m output=o log=l state=4"},
+        {"-Log -Window 5 x", "open file=x window=5 state=2"},
+        {"-Pack /home/me/root", "open pack file=/home/me/root state=0"},
+        {"/packs /Silent /log /var/log/x", "open silent file=/packs log=/var/log/x state=4"},
+        {"/", "open file=/ state=0"},
+        {"-x --help -h -Register -dde -Packs - -Output=o", "new state=0"},
+        {"-BuildNumber -5 root", "new build=root state=3"},
+    };
+    CDiskFileSystem files;
+    for (const SRow& row : rows)
+    {
+        CCorvaneCommandLineInfo info;
+        info.ParseCommandLine(files, Split(row.arguments));
+        EXPECT_EQ(Describe(info), row.expected) << row.arguments;
+    }
+}
+
+TEST(CommandLine, OnlyRootFileAndOutputTakeTheSpellingOfTheDisk)
+{
+    const CScratchDir scratch;
+    scratch.WriteBytes("Data/Root.Gamdb00s", "");
+    CDiskFileSystem files;
+    CCorvaneCommandLineInfo info;
+    const std::u16string typed = scratch.Text("data\\ROOT.gamdb00s");
+    const std::vector<std::u16string> arguments = {u"-Log", typed, u"-Output", typed, typed};
+    info.ParseCommandLine(files, arguments);
+    EXPECT_EQ(info.m_strFileName, scratch.Text("Data/Root.Gamdb00s"));
+    EXPECT_EQ(info.m_sOutput, scratch.Text("Data/Root.Gamdb00s"));
+    EXPECT_EQ(info.m_sLog, typed);
+    CCorvaneCommandLineInfo fresh;
+    fresh.ParseCommandLine(files, std::vector<std::u16string>{u"-Output", u"New\\..\\new.bin"});
+    EXPECT_EQ(fresh.m_sOutput, u"New\\..\\new.bin");
+}
+
+TEST(CommandLine, WindowHandlesAreHexadecimalOrDecimal)
+{
+    struct SRow
+    {
+        std::u16string_view text;
+        std::uint32_t expected;
+    };
+    const SRow rows[] = {
+        {u"", 0},     {u"0x00", 0},    {u"0x", 0},
+        {u"12", 12},  {u"0x12", 0x12}, {u"0XfF", 255},
+        {u"x1", 0},   {u"12abc", 12},  {u"0xFFFFFFFF", 0xFFFFFFFF},
+        {u"0x1g", 1},
+    };
+    for (const SRow& row : rows)
+        EXPECT_EQ(ParseWindowHandle(row.text), row.expected) << ToNarrow(row.text);
+}
+
+TEST(RecentFileList, TheNewestComesFirstAndEachOnce)
+{
+    const CScratchDir scratch;
+    CDiskFileSystem files;
+    CProfile profile(files, scratch.Text("p.ini"));
+    CRecentFileList list;
+    for (char16_t name = u'a'; name <= u'j'; ++name)
+        list.Add(std::u16string(u"/db/") + name);
+    list.Add(u"/DB/E");
+    list.Add(list.GetFiles().back());
+    list.Store(profile);
+    CRecentFileList again;
+    again.Load(profile);
+    const std::vector<std::u16string> expected = {u"/db/c", u"/DB/E", u"/db/j", u"/db/i",
+                                                  u"/db/h", u"/db/g", u"/db/f", u"/db/d"};
+    EXPECT_EQ(again.GetFiles(), expected);
+    EXPECT_EQ(profile.GetString(u"Recent File List", u"File1", u""), u"/db/c");
+    EXPECT_EQ(profile.GetString(u"Recent File List", u"File9", u"none"), u"none");
+}

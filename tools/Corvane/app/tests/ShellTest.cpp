@@ -1,0 +1,210 @@
+// The program from end to end: real trees, real child processes, their output and their status.
+#include "ShellRun.h"
+
+#include <chrono>
+#include <csignal>
+#include <functional>
+#include <sys/wait.h>
+#include <thread>
+
+using CShellTest = CShellRun;
+
+namespace
+{
+constexpr const char* kPacked = "p/Db/Packed.Gamdb00p";
+constexpr const char* kRoot = "~/p/Db/Root.Gamdb00s";
+constexpr const char* kPackingFailed =
+    "Packing Failed: The pack switch was detected on the command line but there is no valid document to "
+    "pack.  The "
+    "document either failed to load or was not specified at the command line.\n";
+
+bool Has(const std::string& text, std::string_view part)
+{
+    return text.find(part) != std::string::npos;
+}
+} // namespace
+
+TEST_F(CShellTest, APackSaysNothingAndWritesItsTarget)
+{
+    const std::vector<std::vector<std::string>> runs = {
+        {"-Pack", kRoot},
+        {"-Silent", "-Pack", kRoot},
+        {kRoot, "/PACK"},
+        {"-unknown", "-pACK", "p/db\\root.gamdb00s"},
+        {"-Window", "0x00", "-Pack", kRoot},
+    };
+    std::string first;
+    for (const std::vector<std::string>& arguments : runs)
+    {
+        std::filesystem::remove(m_Scratch.GetPath() / kPacked);
+        const SRunResult result = Run(arguments);
+        EXPECT_EQ(result.m_nStatus, 0);
+        EXPECT_EQ(result.m_sOutput, "");
+        const std::string packed = m_Scratch.ReadBytes(kPacked);
+        EXPECT_TRUE(Has(packed, "Count"));
+        first = first.empty() ? packed : first;
+        EXPECT_EQ(packed, first);
+    }
+    EXPECT_EQ(Run({"-Output", "a.bin", "-Pack", kRoot}).m_nStatus, 0);
+    EXPECT_EQ(m_Scratch.ReadBytes("a.bin"), first);
+    EXPECT_FALSE(std::filesystem::exists(m_Scratch.GetPath() / "bin/corvane_Assert00.log"));
+}
+
+TEST_F(CShellTest, TheBuildNumberDecidesWhatIsPacked)
+{
+    struct SRow
+    {
+        const char* build;
+        bool later;
+    };
+    for (const SRow& row : {SRow{"9", false}, SRow{"10", true}, SRow{"abc", false}, SRow{" 12x", true}})
+    {
+        EXPECT_EQ(Run({"-Pack", "-BuildNumber", row.build, kRoot}).m_nStatus, 0);
+        EXPECT_EQ(Has(m_Scratch.ReadBytes(kPacked), "Later"), row.later) << row.build;
+    }
+}
+
+// Each way to fail: the status, the words with and without a console, and that the old output still stands.
+TEST_F(CShellTest, AFailedPackTellsWhyAndTouchesNothing)
+{
+    struct SRow
+    {
+        const char* name;
+        std::function<void()> prepare;
+        std::vector<std::string> arguments;
+        std::vector<std::string> told;
+        bool packingFailed;
+    };
+    const SRow rows[] = {
+        {"pack alone", [] {}, {"-Pack"}, {}, true},
+        {"missing root",
+         [] {},
+         {"-Pack", "~/p/Db/None.Gamdb00s"},
+         {m_Scratch.GetPath().string() + "/p/Db/None.Gamdb00s", "no such file"},
+         false},
+        {"output filled twice, so the second is the root",
+         [] {},
+         {"-Output", "a", "-Pack", "b.Gamdb00s"},
+         {"/b.Gamdb00s"},
+         false},
+        {"missing creator",
+         [this] { WriteLocator("none.dll"); },
+         {"-Pack", kRoot},
+         {"Error: Failed to locate the Game Database library.\n"},
+         false},
+        {"root without identifier",
+         [this] { m_Scratch.WriteUtf16("p/Db/Root.Gamdb00s", u"[General]\r\nName=x\r\n"); },
+         {"-Pack", kRoot},
+         {"Invalid Game Database Root File: "},
+         true},
+        {"root in another encoding",
+         [this] { m_Scratch.WriteBytes("p/Db/Root.Gamdb00s", "[General]\r\nName=x\r\n"); },
+         {"-Pack", kRoot},
+         {"Invalid Game Database Root File: "},
+         true},
+        {"no locator",
+         [this] { std::filesystem::remove(m_Scratch.GetPath() / "p/x.proj00"); },
+         {"-Pack", kRoot},
+         {"Project Error: Failed to locate the locator file (*.proj00)"},
+         true},
+    };
+    for (const SRow& row : rows)
+    {
+        m_Scratch.WriteBytes(kPacked, "old");
+        row.prepare();
+        const SRunResult loud = Run(row.arguments);
+        EXPECT_EQ(loud.m_nStatus, 5) << row.name;
+        for (const std::string& part : row.told)
+            EXPECT_TRUE(Has(loud.m_sOutput, part)) << row.name << ": " << loud.m_sOutput;
+        EXPECT_EQ(Has(loud.m_sOutput, kPackingFailed), row.packingFailed)
+            << row.name << ": " << loud.m_sOutput;
+
+        std::vector<std::string> arguments = row.arguments;
+        arguments.insert(arguments.begin(), "-Silent");
+        const SRunResult silent = Run(arguments);
+        EXPECT_EQ(silent.m_nStatus, 5) << row.name;
+        EXPECT_EQ(silent.m_sOutput, "") << row.name;
+        EXPECT_EQ(m_Scratch.ReadBytes(kPacked), "old") << row.name;
+    }
+}
+
+TEST_F(CShellTest, CriticalFindingsGiveOneWhenSilentAndStopOtherwise)
+{
+    WriteCount(u"99");
+    SRunResult result = Run({"-Silent", "-Pack", "-Log", "findings.txt", kRoot});
+    EXPECT_EQ(result.m_nStatus, 1);
+    EXPECT_EQ(result.m_sOutput, "");
+    EXPECT_TRUE(m_Scratch.Exists(kPacked));
+    EXPECT_NE(m_Scratch.ReadUtf16("findings.txt").find(u"Things/One"), std::u16string::npos);
+
+    std::filesystem::remove(m_Scratch.GetPath() / kPacked);
+    result = Run({"-Pack", kRoot});
+    EXPECT_EQ(result.m_nStatus, 5);
+    EXPECT_TRUE(Has(result.m_sOutput, "Continue Build?: ")) << result.m_sOutput;
+    EXPECT_FALSE(m_Scratch.Exists(kPacked));
+}
+
+TEST_F(CShellTest, TheProfileIsWrittenAndAFailureKeepsTheRecentFiles)
+{
+    EXPECT_EQ(Run({"-Silent", "-Pack", "p/Db/Root.Gamdb00s"}).m_nStatus, 0);
+    const std::u16string good = ReadProfile();
+    EXPECT_NE(good.find(u"BasePath=" + m_Scratch.Text("p/") + u"\r\n"), std::u16string::npos);
+    EXPECT_NE(good.find(u"OpenLast=1\r\nExpand=1\r\n"), std::u16string::npos);
+    EXPECT_NE(good.find(u"File1=" + m_Scratch.Text("p/Db/Root.Gamdb00s") + u"\r\n"), std::u16string::npos);
+
+    // A second root that loads and cannot be packed.
+    std::filesystem::copy_file(m_Scratch.GetPath() / "p/Db/Root.Gamdb00s",
+                               m_Scratch.GetPath() / "p/Db/Other.Gamdb00s");
+    WriteLocator("none.dll");
+    EXPECT_EQ(Run({"-Silent", "-Pack", "p/Db/Other.Gamdb00s"}).m_nStatus, 5);
+    EXPECT_EQ(ReadProfile(), good);
+}
+
+TEST_F(CShellTest, MessagesOfTheOtherRuns)
+{
+    struct SRow
+    {
+        std::vector<std::string> arguments;
+        int status;
+        const char* told;
+    };
+    const SRow rows[] = {
+        {{"-UpdateDependency", "p"}, 5, "Dependency output is not in this build of the program."},
+        {{"-Window", "12", "-Pack", kRoot},
+         0,
+         "Cannot Find Window: The window handle '12' was specified at the command line but the window could "
+         "not be "
+         "found."},
+        {{}, 5, "libcorvane-ui"},
+        {{kRoot}, 5, "-UpdateDependency"},
+        {{"--help"}, 5, "-BuildNumber"},
+    };
+    for (const SRow& row : rows)
+    {
+        const SRunResult result = Run(row.arguments);
+        EXPECT_EQ(result.m_nStatus, row.status) << row.told;
+        EXPECT_TRUE(Has(result.m_sOutput, row.told)) << result.m_sOutput;
+    }
+    EXPECT_EQ(Run({"-Silent", "-UpdateDependency", "p", "-Window", "12"}).m_sOutput, "");
+    const SRunResult both = Run({"-UpdateDependency", "p", "-Pack", kRoot});
+    EXPECT_EQ(both.m_nStatus, 0) << "the pack goes first: " << both.m_sOutput;
+}
+
+TEST_F(CShellTest, SilentAloneWaitsForASignalAndClosesInOrder)
+{
+    for (const int signal : {SIGTERM, SIGINT})
+    {
+        const pid_t child = Start({"-Silent", kRoot});
+        std::this_thread::sleep_for(std::chrono::milliseconds(200));
+        int status = 0;
+        EXPECT_EQ(::waitpid(child, &status, WNOHANG), 0) << "it ended by itself";
+        ::kill(child, signal);
+        const SRunResult result = Finish(child);
+        EXPECT_EQ(result.m_nStatus, 0);
+        EXPECT_EQ(result.m_sOutput, "");
+        const char* settings =
+            "config/Harrowgate Works/ZORN/Corvane/{7C1D5B0E-3A94-4E27-9D5F-64B8A2F0C9AA}.ini";
+        EXPECT_TRUE(m_Scratch.Exists(settings)) << "the close writes the user's settings";
+        std::filesystem::remove(m_Scratch.GetPath() / settings);
+    }
+}
