@@ -1,0 +1,92 @@
+#include "Path.h"
+#include "Unicode.h"
+
+#include <gtest/gtest.h>
+
+TEST(Path, Parts)
+{
+    const SPathParts parts = SplitPath(u"C:\\a.b/c\\name.tar.gz");
+    EXPECT_EQ(parts.drive, u"C:");
+    EXPECT_EQ(parts.directory, u"\\a.b/c\\");
+    EXPECT_EQ(parts.name, u"name.tar");
+    EXPECT_EQ(parts.extension, u".gz");
+    EXPECT_EQ(GetExtensionPart(u"a.b/name"), u"");
+    EXPECT_EQ(WithExtension(u"a.b/name", u"dep"), u"a.b/name.dep");
+    EXPECT_EQ(WithExtension(u"a.b/name.x", u"dep"), u"a.b/name.dep");
+    EXPECT_EQ(GetDirectoryPart(u"name"), u"");
+    EXPECT_EQ(GetFileNamePart(u"a\\b/c"), u"c");
+    EXPECT_EQ(WithoutLastSeparator(u"a\\/"), u"a");
+}
+
+TEST(Path, Absolute)
+{
+    for (const std::u16string_view path : {u"/a", u"\\a", u"C:\\a", u"C:a", u"D:", u"ab:/c"})
+        EXPECT_TRUE(IsAbsolutePath(path)) << ToNarrow(path);
+    for (const std::u16string_view path : {u"", u"a", u"a/b:c", u"..\\a", u"."})
+        EXPECT_FALSE(IsAbsolutePath(path)) << ToNarrow(path);
+}
+
+struct SPathRow
+{
+    std::u16string_view base;
+    std::u16string_view value;
+    std::u16string_view result;
+};
+
+TEST(Path, CanonicalForm)
+{
+    const SPathRow rows[] = {
+        {u"C:\\p\\", u"..\\Game\\x.rec", u"C:\\Game\\x.rec"},
+        {u"/p/q", u"./a/../b/x.rec", u"/p/q/b/x.rec"},
+        {u"/p/q", u"../../../x", u"/x"},
+        {u"/a/b/c/d", u"../../x", u"/a/b/x"},
+        {u"/p", u"a\\b/x", u"\\p\\a\\b\\x"}, // One '\' anywhere decides the separator.
+        {u"p", u"x", u"/p/x"},
+        {u"/p", u"/abs/x", u"/p/abs/x"},
+        {u"/p//q", u"x", u"/p/q/x"},
+        {u"/p", u"..", u"/p/.."}, // The last element is a file name.
+        {u"", u"", u"/"},
+    };
+    for (const SPathRow& row : rows)
+    {
+        const std::u16string result = JoinCanonical(row.base, row.value);
+        EXPECT_EQ(result, row.result) << ToNarrow(row.base) << " + " << ToNarrow(row.value);
+        EXPECT_EQ(CanonicalPath(result), result.ends_with(u"..") ? row.result : result);
+    }
+}
+
+TEST(Path, Resolve)
+{
+    const SPathRow rows[] = {
+        {u"C:\\p\\", u"..\\Game", u"C:\\Game"},
+        {u"C:\\p\\", u"D:\\lib\\..\\db.dll", u"D:\\lib\\..\\db.dll"},
+        {u"C:\\p\\", u"", u"C:\\p\\"},
+        {u"C:\\p\\", u"..", u"C:\\"},
+        {u"/p/q/", u"../r/./x", u"/p/r/x"},
+        {u"/p/q/", u"..\\r/x", u"/p/r/x"},
+        {u"/p/q/", u"../../../x", u"/x"},
+        {u"p", u"a/b/..", u"p/a"},
+        {u"p", u"../a", u"a"},
+    };
+    for (const SPathRow& row : rows)
+        EXPECT_EQ(ResolvePath(row.base, row.value), row.result)
+            << ToNarrow(row.base) << " + " << ToNarrow(row.value);
+}
+
+TEST(Path, FileBaseNames)
+{
+    const std::pair<std::u16string, std::u16string> rows[] = {
+        {u"", u"_"},
+        {u".", u"_"},
+        {u"..", u"_"},
+        {u"a/b\\c", u"a_b_c"},
+        {u"a\tb", u"a_b"},
+        {u"Länge (2).x", u"Länge (2).x"},
+        {{u'a', char16_t{0xD800}}, u"a_"},
+    };
+    for (const auto& [name, safe] : rows)
+        EXPECT_EQ(MakeFileBaseName(name), safe);
+    const std::u16string longName = MakeFileBaseName(std::u16string(300, u'ä'));
+    EXPECT_LE(ToNarrow(longName).size(), 200U);
+    EXPECT_GT(longName.size(), 90U);
+}
