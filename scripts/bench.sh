@@ -1,0 +1,7 @@
+#!/usr/bin/env bash
+# Measures load and pack against plain reading of the same files, prints a table and writes bench/results.json.
+# Arguments are handed to the benchmark; --help lists them.
+source "$(dirname "$0")/common.sh"
+install_packages "${build_packages[@]}"
+build release corvane-bench CorvaneCreator >&2
+exec build/release/bin/corvane-bench --output bench/results.json "$@"

@@ -1,0 +1,30 @@
+#!/usr/bin/env bash
+# Installs what is missing, builds and runs every test in the release and the sanitizer build.
+# --extended adds Clang with its linter over what changed, and the fuzzers for a minute each.
+source "$(dirname "$0")/common.sh"
+
+extended=false
+case "${1:-}" in
+  "") ;;
+  --extended) extended=true ;;
+  *) die "Usage: scripts/test.sh [--extended]" ;;
+esac
+
+install_packages "${build_packages[@]}"
+
+run_tests() {
+  ctest --test-dir "build/$1" --output-on-failure -j "$(nproc)" --no-tests=error
+}
+
+for preset in release asan; do
+  build "$preset"
+  run_tests "$preset"
+done
+
+if $extended; then
+  install_packages "${extended_packages[@]}"
+  build clang
+  run_tests clang
+  tools/checks/changed-tidy.sh
+  tools/checks/fuzz.sh build/clang 60
+fi
