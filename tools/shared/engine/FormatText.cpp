@@ -6,6 +6,7 @@
 #include <charconv>
 #include <limits>
 #include <span>
+#include <utility>
 
 namespace
 {
