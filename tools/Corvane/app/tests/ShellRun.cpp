@@ -9,7 +9,6 @@ namespace
 {
 // A child that hangs fails its test instead of the whole run.
 constexpr unsigned kDeadline = 20;
-constexpr const char* kProfile = "config/Harrowgate Works/ZORN/Corvane.ini";
 
 [[noreturn]] void Become(const std::string& program, const std::filesystem::path& directory, int output,
                          std::vector<std::string>& arguments)

@@ -35,6 +35,8 @@ protected:
         return Finish(Start(std::move(arguments)));
     }
     [[nodiscard]] std::u16string ReadProfile() const;
+    void WriteProfile(std::u16string_view text) const { m_Scratch.WriteUtf16(kProfile, text); }
 
+    static constexpr const char* kProfile = "config/Harrowgate Works/ZORN/Corvane.ini";
     CScratchDir m_Scratch;
 };

@@ -208,3 +208,25 @@ TEST_F(CShellTest, SilentAloneWaitsForASignalAndClosesInOrder)
         std::filesystem::remove(m_Scratch.GetPath() / settings);
     }
 }
+
+TEST_F(CShellTest, AnInteractiveRunHandsOverToItsModule)
+{
+    const std::filesystem::path module = m_Scratch.GetPath() / "bin/libcorvane-ui.so";
+    std::filesystem::copy_file(CREATOR_LIBRARY, module);
+    SRunResult result = Run({kRoot});
+    EXPECT_EQ(result.m_nStatus, 5) << "a module without the factory";
+    EXPECT_TRUE(Has(result.m_sOutput, "libcorvane-ui.so")) << result.m_sOutput;
+
+    std::filesystem::copy_file(TEST_UI, module, std::filesystem::copy_options::overwrite_existing);
+    EXPECT_EQ(Run({}).m_sOutput, "closed, 0 recent\nreleased\n");
+    result = Run({kRoot});
+    EXPECT_EQ(result.m_nStatus, 0);
+    EXPECT_EQ(result.m_sOutput, "open, 1 recent\nreleased\n");
+    EXPECT_EQ(Run({}).m_sOutput, "open, 1 recent\nreleased\n") << "the last file is opened again";
+    EXPECT_EQ(Run({"~/p/None.Gamdb00s"}).m_sOutput, "Open Failed [asked by the windows]\nreleased\n");
+    EXPECT_EQ(Run({"-Pack", kRoot}).m_sOutput, "") << "a batch run needs no windows";
+
+    std::u16string profile = ReadProfile();
+    WriteProfile(profile.replace(profile.find(u"OpenLast=1"), 10, u"OpenLast=0"));
+    EXPECT_EQ(Run({}).m_sOutput, "closed, 1 recent\nreleased\n");
+}
