@@ -1,0 +1,109 @@
+// A creator library whose packed file is the list of the calls that it got, and that misbehaves as the
+// environment variable CORVANE_TEST_CREATOR tells it.
+#include "idatabasecreator.h"
+#include "izroutconverter.h"
+
+#include <cstdlib>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+namespace
+{
+bool Mode(std::string_view name)
+{
+    const char* mode = std::getenv("CORVANE_TEST_CREATOR");
+    return mode != nullptr && mode == name;
+}
+
+void ThrowIn(std::string_view name)
+{
+    if (Mode(name))
+        throw std::runtime_error("the creator failed");
+}
+
+class CRecordingCreator final : public IDatabaseCreatorMgr
+{
+public:
+    CreatorHandle CreateDatabase() override
+    {
+        ThrowIn("throw-database");
+        if (Mode("refuse-database"))
+            return 0;
+        m_nLast = 1;
+        // A database that an earlier compile did not release shows in this line.
+        m_sCalls = "database " + std::to_string(++m_nOpen) + '\n';
+        return m_nLast;
+    }
+    void ReleaseDatabase(CreatorHandle) override
+    {
+        --m_nOpen;
+        ThrowIn("throw-release");
+    }
+    bool SaveDatabase(CreatorHandle, IZROutConverter* out) override
+    {
+        const bool written = out->Write(m_sCalls.data(), m_sCalls.size());
+        ThrowIn("throw-save");
+        // One that does not look at the result of its writes says that all is well.
+        return Mode("careless") || (written && !Mode("refuse-save"));
+    }
+    CreatorHandle CreateCategory(CreatorHandle, const char* path, const char* schema) override
+    {
+        return Create("category", 0, std::string(path) + " (" + schema + ')');
+    }
+    CreatorHandle CreateRecord(CreatorHandle category, const char* name) override
+    {
+        return Create("record", category, name);
+    }
+    CreatorHandle CreateAttribute(CreatorHandle record, const char* name, std::int32_t type,
+                                  std::int32_t kind, std::int32_t count) override
+    {
+        return Create("attribute", record,
+                      std::string(name) + ' ' + std::to_string(type) + ' ' + std::to_string(kind) + ' ' +
+                          std::to_string(count));
+    }
+    void SetInteger(CreatorHandle attribute, std::int32_t index, std::int32_t value) override
+    {
+        ThrowIn("throw-value");
+        Set(attribute, index, ' ' + std::to_string(value));
+    }
+    // The test databases hold integers and links only.
+    void SetFloat(CreatorHandle, std::int32_t, float) override {}
+    void SetText(CreatorHandle, std::int32_t, const char*) override {}
+    void SetWideText(CreatorHandle, std::int32_t, const char16_t*) override {}
+    void SetVector2(CreatorHandle, std::int32_t, const float[2]) override {}
+    void SetVector3(CreatorHandle, std::int32_t, const float[3]) override {}
+    void SetVector4(CreatorHandle, std::int32_t, const float[4]) override {}
+    void SetBoolean(CreatorHandle, std::int32_t, bool) override {}
+    void SetRecordLink(CreatorHandle attribute, std::int32_t index, CreatorHandle record) override
+    {
+        Set(attribute, index, " -> " + std::to_string(record));
+    }
+
+private:
+    CreatorHandle Create(const std::string& what, CreatorHandle parent, const std::string& text)
+    {
+        ThrowIn("throw-" + what);
+        if (Mode("refuse-" + what))
+            return 0;
+        const std::string below = parent == 0 ? "" : " in " + std::to_string(parent);
+        m_sCalls += what + ' ' + std::to_string(++m_nLast) + below + ": " + text + '\n';
+        return m_nLast;
+    }
+    void Set(CreatorHandle attribute, std::int32_t index, const std::string& value)
+    {
+        m_sCalls += "  " + std::to_string(attribute) + '[' + std::to_string(index) + ']' + value + '\n';
+    }
+
+    std::string m_sCalls;
+    CreatorHandle m_nLast = 0;
+    int m_nOpen = 0;
+};
+} // namespace
+
+extern "C" __attribute__((visibility("default"))) IDatabaseCreatorMgr* GetIDatabaseCreatorMgr()
+{
+    ThrowIn("throw-export");
+    static CRecordingCreator creator;
+    return Mode("null") ? nullptr : &creator;
+}
