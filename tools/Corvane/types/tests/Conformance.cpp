@@ -1,0 +1,285 @@
+// What every type owes the system, run over each word of the registry. A new type gets these tests with its
+// line in the list of types; what is special to it has tests in its own folder.
+#include "AssertCapture.h"
+#include "CorvaneRecord.h"
+#include "CorvaneSchema.h"
+#include "CorvaneSchemaAttribData.h"
+#include "NameCompare.h"
+#include "RecordingCreator.h"
+#include "RegisterTypes.h"
+#include "TestAttribute.h"
+#include "Unicode.h"
+#include "UnicodeFileParse_ReadOnly.h"
+#include "UnicodeFileParse_ReadWrite.h"
+
+#include <algorithm>
+#include <gtest/gtest.h>
+#include <iterator>
+#include <typeinfo>
+
+namespace
+{
+constexpr std::u16string_view kAllWords[] = {u"Text",    u"Memo",    u"Boolean", u"Integer",    u"Float",
+                                             u"Vector2", u"Vector3", u"Vector4", u"File",       u"Sound",
+                                             u"Enum",    u"Range",   u"Time",    u"RecordLink", u"Color",
+                                             u"Flags",   u"Effect",  u"Struct",  u"StringID"};
+// Words without a folder yet; a word leaves this table when its type arrives.
+constexpr std::u16string_view kMissingWords[] = {u"Vector2", u"Vector3", u"Vector4",    u"File",  u"Sound",
+                                                 u"Enum",    u"Range",   u"RecordLink", u"Color", u"Flags",
+                                                 u"Effect",  u"Struct",  u"StringID"};
+
+std::vector<std::u16string> GetRegisteredWords()
+{
+    CCorvaneTypeMgr types;
+    CorvaneSchemaAttribDataMgr attribData;
+    RegisterCorvaneTypes(types, attribData);
+    std::vector<std::u16string> words;
+    for (const CCorvaneTypeMgr::SEntry& entry : types.GetEntries())
+        words.push_back(entry.m_sName);
+    return words;
+}
+
+bool IsMissing(std::u16string_view word)
+{
+    return std::find(std::begin(kMissingWords), std::end(kMissingWords), word) != std::end(kMissingWords);
+}
+
+// The setter that fits a value type code.
+std::string GetSetter(std::int32_t code)
+{
+    static const char* const kSetters[] = {"SetBoolean", "SetFloat",    "SetInteger",
+                                           "SetText",    "SetWideText", "SetVector2",
+                                           "SetVector3", "SetVector4",  "SetRecordLink"};
+    return code >= 1 && code <= 9 ? kSetters[code - 1] : "";
+}
+
+std::vector<std::string> Split(const std::string& call)
+{
+    std::vector<std::string> words(1);
+    for (const char c : call)
+    {
+        if (c == ' ')
+            words.emplace_back();
+        else
+            words.back() += c;
+    }
+    return words;
+}
+
+class TypeConformance : public testing::TestWithParam<std::u16string>
+{
+protected:
+    // A variable list of `count` values: the default's and then ones, which every type can store.
+    void Fill(CCorvaneType& attrib, std::size_t count)
+    {
+        while (attrib.GetValueCount() < count)
+            ASSERT_TRUE(attrib.AddValue(u"1"));
+    }
+
+    CTestAttribute m_Fixed{GetParam(), {u"Values=2"}};
+    CTestAttribute m_Variable{GetParam(), {u"Values=-1"}};
+};
+} // namespace
+
+TEST(TypeRegistry, HoldsEachWordOnceInTheOrderOfTheList)
+{
+    std::vector<std::u16string> expected;
+    for (const std::u16string_view word : kAllWords)
+    {
+        if (!IsMissing(word))
+            expected.emplace_back(word);
+    }
+    EXPECT_EQ(GetRegisteredWords(), expected);
+    EXPECT_EQ(expected.size() + std::size(kMissingWords), std::size(kAllWords));
+}
+
+TEST(TypeRegistry, FindsWordsWithoutRegardToCase)
+{
+    CTestAttribute test(u"tEXT", {});
+    EXPECT_EQ(test.Get().GetTypeName(), u"Text");
+    EXPECT_THROW(CTestAttribute(u"Texts", {}), std::runtime_error);
+}
+
+TEST(TypeRegistry, EachTypeHasItsOwnIdentity)
+{
+    std::vector<std::pair<CGuid, std::u16string>> seen;
+    for (const std::u16string& word : GetRegisteredWords())
+    {
+        CTestAttribute test(word, {});
+        const CGuid guid = test.Get().GetTypeGuid();
+        const std::u16string name(test.Get().GetTypeName());
+        EXPECT_FALSE(guid.IsNull());
+        for (const auto& [otherGuid, otherName] : seen)
+            EXPECT_EQ(guid == otherGuid, name == otherName) << ToNarrow(word);
+        seen.emplace_back(guid, name);
+    }
+}
+
+TEST_P(TypeConformance, TakesItsOwnDefaultAsItStands)
+{
+    EXPECT_EQ(m_Fixed.Get().GetValueCount(), 2u);
+    const std::u16string text(m_Fixed.GetTemplate().GetOwnValues().Get(0));
+    CTestAttribute again(GetParam(), {u"Default=" + text});
+    EXPECT_EQ(again.GetTemplate().GetOwnValues().Get(0), text);
+    EXPECT_EQ(again.Get().GetOwnValues().Get(0), text);
+    EXPECT_EQ(again.Get().GetValueCount(), 1u);
+    EXPECT_TRUE(EqualNames(again.Get().GetSchemaTypeName(), GetParam()));
+}
+
+TEST_P(TypeConformance, ClonesAreTheSameAttributeOfTheSameClass)
+{
+    CCorvaneType& source = m_Fixed.Get();
+    ASSERT_TRUE(source.SetValue(1, u"1"));
+    const CRef<CCorvaneType> copy = source.Clone(nullptr);
+    const CCorvaneType& clone = *copy;
+    EXPECT_TRUE(typeid(clone) == typeid(source));
+    EXPECT_TRUE(copy->IsSameAttribute(source));
+    EXPECT_TRUE(copy->IsSameAttribute(m_Fixed.GetTemplate()));
+    EXPECT_EQ(copy->GetAttribData(), source.GetAttribData());
+    EXPECT_EQ(copy->GetValueCount(), 2u);
+    EXPECT_EQ(copy->GetValue(1), source.GetValue(1));
+    EXPECT_EQ(copy->GetParentRecord(), nullptr);
+}
+
+TEST_P(TypeConformance, DataClonesAreOfTheSameClassWithTheSameFields)
+{
+    const CCorvaneSchemaAttribData& data = *m_Variable.Get().GetAttribData();
+    const CRef<CCorvaneSchemaAttribData> copy = data.Clone();
+    ASSERT_TRUE(copy);
+    const CCorvaneSchemaAttribData& clone = *copy;
+    EXPECT_TRUE(typeid(clone) == typeid(data));
+    EXPECT_EQ(copy->GetName(), u"Value");
+    EXPECT_EQ(copy->GetValues(), kVariableValues);
+    EXPECT_EQ(copy->GetSchema(), data.GetSchema());
+}
+
+TEST_P(TypeConformance, AnIndexPastTheEndReadsTheDefault)
+{
+    CCorvaneType& attrib = m_Variable.Get();
+    const std::u16string text(m_Variable.GetTemplate().GetOwnValues().Get(0));
+    ASSERT_TRUE(attrib.SetValue(0, u"1"));
+    EXPECT_EQ(attrib.GetValue(1), text);
+    EXPECT_FALSE(attrib.IsValueSet(1));
+    ASSERT_TRUE(attrib.RemoveValue(0));
+    EXPECT_EQ(attrib.GetValueCount(), 0u);
+    EXPECT_EQ(attrib.GetValue(0), text);
+    EXPECT_FALSE(attrib.SetValue(0, u"1"));
+}
+
+TEST_P(TypeConformance, OnlyAVariableListGrowsAndShrinks)
+{
+    EXPECT_FALSE(m_Fixed.Get().AddValue(u"1"));
+    EXPECT_FALSE(m_Fixed.Get().RemoveValue(0));
+    EXPECT_EQ(m_Fixed.Get().GetValueCount(), 2u);
+    EXPECT_TRUE(m_Variable.Get().AddValue(u"1"));
+    EXPECT_EQ(m_Variable.Get().GetValueCount(), 2u);
+    EXPECT_TRUE(m_Variable.GetRecord().TestFlag(RECORD_FLAG_MODIFIED));
+}
+
+TEST_P(TypeConformance, ARecordFileBringsTheValuesBack)
+{
+    CCorvaneType& attrib = m_Variable.Get();
+    Fill(attrib, 3);
+    ASSERT_TRUE(attrib.SetComment(u"a\r\nb"));
+    CUnicodeFileParse_ReadWrite writer(m_Variable.m_Manager.m_Files);
+    ASSERT_TRUE(attrib.SaveToFile(writer, u""));
+    ASSERT_TRUE(writer.Export(u"/database/a.record", EXPORT_UTF16LE));
+
+    CUnicodeFileParse_ReadOnly parser(m_Variable.m_Manager.m_Files);
+    ASSERT_TRUE(parser.Import(u"/database/a.record", 0));
+    CCorvaneRecord& record = m_Variable.m_Manager.AddRecord(*attrib.GetAttribData()->GetSchema());
+    CCorvaneAttrib& loaded = *record.GetAttributeList()[0];
+    std::u16string name;
+    loaded.GetSectionName(name, u"");
+    const std::ptrdiff_t section = parser.FindSection(name);
+    ASSERT_GE(section, 0);
+    ASSERT_TRUE(loaded.LoadFromFile(record, nullptr, parser, static_cast<std::size_t>(section)));
+    ASSERT_EQ(loaded.GetValueCount(), 3u);
+    for (std::size_t i = 0; i < 3; ++i)
+        EXPECT_EQ(loaded.GetValue(i), attrib.GetValue(i));
+    EXPECT_EQ(loaded.GetComment(), u"a\r\nb");
+}
+
+TEST_P(TypeConformance, CompileSendsTheEffectiveValues)
+{
+    // The child owns one value and shows the three of its parent.
+    CCorvaneType& child = m_Variable.AddChild();
+    Fill(m_Variable.Get(), 3);
+    ASSERT_EQ(child.GetOwnValues().GetCount(), 1u);
+
+    CRecordingCreator creator;
+    CreatorHandle handle = 0;
+    ASSERT_TRUE(child.SaveToDatabase(creator, 7, 0, handle, u"Row.0"));
+    EXPECT_NE(handle, 0u);
+    ASSERT_EQ(creator.m_Calls.size(), 4u);
+    const std::vector<std::string> create = Split(creator.m_Calls[0]);
+    ASSERT_EQ(create.size(), 6u);
+    EXPECT_EQ(create[0] + ' ' + create[1] + ' ' + create[2], "CreateAttribute 7 Row.0.Value");
+    EXPECT_EQ(create[5], "3");
+    for (std::size_t i = 0; i < 3; ++i)
+    {
+        const std::vector<std::string> set = Split(creator.m_Calls[i + 1]);
+        EXPECT_EQ(set[0], GetSetter(std::stoi(create[3])));
+        EXPECT_EQ(set[1], std::to_string(handle));
+        EXPECT_EQ(set[2], std::to_string(i));
+    }
+}
+
+TEST_P(TypeConformance, ARefusingCreatorEndsTheCompile)
+{
+    CRecordingCreator creator;
+    creator.m_bRefuse = true;
+    CreatorHandle handle = 5;
+    EXPECT_FALSE(m_Fixed.Get().SaveToDatabase(creator, 7, 0, handle, u""));
+    EXPECT_EQ(handle, 0u);
+    EXPECT_EQ(creator.m_Calls.size(), 1u);
+}
+
+TEST_P(TypeConformance, OverrideOutputNeedsTheMarkAndAManager)
+{
+    CAssertCapture asserts;
+    CRecordingUnpackedCreator creator;
+    CCorvaneType& attrib = m_Fixed.Get();
+    EXPECT_FALSE(attrib.SaveToOverride(&creator, 9, u"", u""));
+    attrib.SetOverride(true);
+    EXPECT_TRUE(asserts.GetEntries().empty());
+    EXPECT_FALSE(attrib.SaveToOverride(nullptr, 9, u"", u""));
+    EXPECT_FALSE(attrib.SaveToOverride(&creator, 0, u"", u""));
+    EXPECT_EQ(asserts.GetEntries().size(), 2u);
+    EXPECT_TRUE(creator.m_Calls.empty());
+}
+
+TEST_P(TypeConformance, EachRefusalEndsTheOverrideOutput)
+{
+    CCorvaneType& attrib = m_Variable.Get();
+    attrib.SetOverride(true);
+    Fill(attrib, 3);
+    CRecordingUnpackedCreator taken;
+    ASSERT_TRUE(attrib.SaveToOverride(&taken, 9, u"Category/", u"Row.0"));
+    const std::vector<std::string> create = Split(taken.m_Calls[0]);
+    ASSERT_EQ(create.size(), 9u);
+    EXPECT_EQ(create[4], "Category/Row.0.Value");
+    EXPECT_EQ(create[7] + ' ' + create[8], "1 -1");
+    const std::string setter = GetSetter(std::stoi(create[3]));
+    EXPECT_EQ(std::count_if(taken.m_Calls.begin(), taken.m_Calls.end(),
+                            [&](const std::string& call) { return Split(call)[0] == setter; }),
+              3);
+
+    for (std::size_t refused = 0; refused < taken.m_Calls.size(); ++refused)
+    {
+        CRecordingUnpackedCreator creator;
+        creator.m_nRefusedCall = refused;
+        EXPECT_FALSE(attrib.SaveToOverride(&creator, 9, u"Category/", u"Row.0")) << taken.m_Calls[refused];
+        EXPECT_EQ(creator.m_Calls.size(), refused + 1);
+    }
+}
+
+TEST_P(TypeConformance, ItsDefaultIsValid)
+{
+    CRecordingSink sink;
+    EXPECT_TRUE(m_Fixed.Get().Validate(&sink));
+    EXPECT_TRUE(sink.m_Errors.empty());
+}
+
+INSTANTIATE_TEST_SUITE_P(Types, TypeConformance, testing::ValuesIn(GetRegisteredWords()),
+                         [](const auto& entry) { return ToNarrow(entry.param); });
