@@ -1,8 +1,8 @@
 # corvane_type(<word> <folder> <class file> [CREATE <function>])
 # One word of a schema's `Type` key. <folder> holds <class file>.h, which declares the class C<class file>
-# with its complete attribute data as the nested alias AttribData. All sources of the folder belong to the type library, except those of the
-# UI: *View.cpp, *Dlg.cpp and *FindPanel.cpp. CREATE names the creation function of a class that serves
-# several words and so cannot be made from its default constructor alone.
+# with its complete attribute data as the nested alias AttribData. All sources of the folder belong to the
+# type library, except those of the UI: *View.cpp, *Dlg.cpp and *FindPanel.cpp. CREATE names the creation
+# function of a class that serves several words and so cannot be made from its default constructor alone.
 macro(corvane_type word folder class)
   cmake_parse_arguments(CORVANE_TYPE "" "CREATE" "" ${ARGN})
   if(NOT CORVANE_TYPE_CREATE)
