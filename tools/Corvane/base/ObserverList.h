@@ -17,7 +17,10 @@ class CObserverHandle
 public:
     CObserverHandle() = default;
     explicit CObserverHandle(std::function<void()> unregister) : m_Unregister(std::move(unregister)) {}
-    CObserverHandle(CObserverHandle&& other) noexcept : m_Unregister(std::exchange(other.m_Unregister, nullptr)) {}
+    CObserverHandle(CObserverHandle&& other) noexcept
+        : m_Unregister(std::exchange(other.m_Unregister, nullptr))
+    {
+    }
     CObserverHandle& operator=(CObserverHandle&& other) noexcept
     {
         if (this != &other)

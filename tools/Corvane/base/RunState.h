@@ -13,7 +13,8 @@ enum EAppState : std::uint32_t
     APP_CLOSING = 0x01,
     APP_OPEN_LAST = 0x02,
     APP_EXPAND = 0x04,
-    APP_RELOADING = 0x08, // A database is being opened or reloaded: no per-item questions, no file is touched.
+    APP_RELOADING =
+        0x08, // A database is being opened or reloaded: no per-item questions, no file is touched.
     APP_SOURCE_CONTROL = 0x10,
     APP_EXPERT = 0x20,
     APP_SETTINGS = 0x40, // A database is being opened or the settings sheet runs.
@@ -40,7 +41,10 @@ class CRunState
 public:
     [[nodiscard]] bool Test(std::uint32_t bits) const { return (m_dwState & bits) != 0; }
     [[nodiscard]] std::uint32_t GetState() const { return m_dwState; }
-    void Set(std::uint32_t bits, bool on = true) { m_dwState = on ? (m_dwState | bits) : (m_dwState & ~bits); }
+    void Set(std::uint32_t bits, bool on = true)
+    {
+        m_dwState = on ? (m_dwState | bits) : (m_dwState & ~bits);
+    }
 
     // No message is shown and nobody is asked.
     bool m_bSilent = false;
