@@ -22,6 +22,12 @@ if(CORVANE_THREAD_SANITIZE)
   add_link_options(-fsanitize=thread)
 endif()
 
+if(CORVANE_FUZZ)
+  # Every layer is instrumented, so that a fuzzer is led by the coverage of the code under test.
+  add_compile_options(-fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all)
+  add_link_options(-fsanitize=address,undefined)
+endif()
+
 find_program(MOLD_PROGRAM mold)
 if(MOLD_PROGRAM)
   add_link_options(-fuse-ld=mold)
@@ -57,4 +63,16 @@ function(corvane_test target)
   gtest_discover_tests(${target} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60
     PROPERTIES TIMEOUT 120 ENVIRONMENT
     "XDG_CONFIG_HOME=${scratch}/config;XDG_STATE_HOME=${scratch}/state;XDG_CACHE_HOME=${scratch}/cache;XDG_DATA_HOME=${scratch}/data")
+endfunction()
+
+# corvane_fuzzer(<target> SOURCES <files> LINK <targets>)
+# A libFuzzer program in the build's bin folder; nothing in builds that do not fuzz.
+function(corvane_fuzzer target)
+  if(NOT CORVANE_FUZZ)
+    return()
+  endif()
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
+  add_executable(${target} ${ARG_SOURCES})
+  target_link_libraries(${target} PRIVATE ${ARG_LINK})
+  target_link_options(${target} PRIVATE -fsanitize=fuzzer)
 endfunction()

@@ -30,9 +30,9 @@ protected:
     fs::path GetDatabase() const { return m_Scratch.GetPath() / "outpost/Database"; }
 
     // Exit status of a pack; what the program prints goes to "output".
-    int Pack(const std::string& arguments) const
+    int Pack(const std::string& arguments, const std::string& limits = {}) const
     {
-        const std::string command = "'" CORVANE_PROGRAM "' " + arguments + " '" +
+        const std::string command = limits + "'" CORVANE_PROGRAM "' " + arguments + " '" +
                                     (GetDatabase() / "Outpost.Gamdb00s").string() + "' >'" +
                                     (m_Scratch.GetPath() / "output").string() + "' 2>&1 </dev/null";
         const int status = std::system(command.c_str());
@@ -151,6 +151,18 @@ TEST_F(CPackSample, CriticalFindingsSetTheStatusAndReachTheLog)
     EXPECT_EQ(
         Open("packed").FindRecord("Actors/Enemies/Hollow/Frost Runner").FindAttribute("Health").GetInteger(),
         -5);
+}
+
+// A disk that takes no more: the limit on a file's size stands in for it.
+TEST_F(CPackSample, AFullDiskKeepsTheOldPackedFile)
+{
+    m_Scratch.WriteBytes("packed", "the old one");
+    EXPECT_EQ(Pack("-Pack -Output " + PathOf("packed"), "trap '' XFSZ; ulimit -f 16; "), 5);
+    EXPECT_EQ(m_Scratch.ReadBytes("packed"), "the old one");
+    EXPECT_NE(m_Scratch.ReadBytes("output").find("Failed to save database to file.  The file may be locked."),
+              std::string::npos);
+    EXPECT_EQ(std::distance(fs::directory_iterator(m_Scratch.GetPath()), {}), 3)
+        << "no temporary file is left";
 }
 
 // A build machine has no display and no UI toolkit.

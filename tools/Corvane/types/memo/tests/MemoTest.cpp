@@ -77,3 +77,19 @@ TEST(Memo, OutputsCarryRealLineEnds)
     EXPECT_EQ(unpacked.m_Calls, (std::vector<std::string>{"CreateAttribute 9  4 Value max=9 Memo 1 1",
                                                           "SetTextLimits 42 0 9", "SetText 42 a\r\nb"}));
 }
+
+// The restore point holds the stored text, which must not be escaped a second time.
+TEST(Memo, UndoAndRedoKeepTheText)
+{
+    CTestAttribute test(u"Memo", {u"Default=a\\nb"});
+    auto& memo = test.Get<CCorvaneTypeMemo>();
+    test.m_Manager.m_Undo.m_bRecording = true;
+    ASSERT_TRUE(memo.SetValue(0, u"c\\d"));
+    test.m_Manager.m_Undo.m_bRecording = false;
+    ASSERT_EQ(test.m_Manager.m_Undo.m_Points.size(), 1u);
+    CUndoRestorePoint& point = *test.m_Manager.m_Undo.m_Points[0];
+    ASSERT_TRUE(point.Undo(true));
+    EXPECT_EQ(memo.GetValue(0), u"a\\nb");
+    ASSERT_TRUE(point.Redo());
+    EXPECT_EQ(memo.GetValue(0), u"c\\\\d");
+}
