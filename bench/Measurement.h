@@ -1,0 +1,44 @@
+// One load and one pack of a generated database in a process of their own, as a build machine runs them, so
+// that neither time nor memory is helped or spoiled by what ran before.
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+
+// Numbers that travel from the measuring process to its parent. Zero where a kind of run does not measure it.
+struct SMeasurement
+{
+    double m_nFiles = 0;
+    double m_nBytes = 0;
+    double m_nPlainMs = 0;
+    double m_nLoadMs = 0;
+    double m_nPackMs = 0;
+    double m_nCloseMs = 0;
+    double m_nPackedBytes = 0;
+    double m_nStartBytes = 0;  // Memory before the load.
+    double m_nLoadedBytes = 0; // Memory after the load.
+    double m_nPeakBytes = 0;   // Most memory of the whole run.
+    double m_nLoadOpens = 0;
+    double m_nLoadListings = 0;
+    double m_nLoadInfos = 0;
+    double m_nLoadBlocks = 0;
+    double m_nPackOpens = 0;
+    double m_nPackBlocks = 0;
+};
+
+enum class EMeasure
+{
+    Times,  // Plain reading, load, pack and close by the clock.
+    Counts, // Load and pack with memory, file opens and heap blocks.
+};
+
+// The child's side. `records` is what the database must turn out to hold; false has told why.
+[[nodiscard]] bool Measure(EMeasure kind, const std::filesystem::path& tree, std::size_t records,
+                           SMeasurement& out);
+
+// The form in which the numbers travel: lines of "name value".
+[[nodiscard]] std::string FormatMeasurement(const SMeasurement& measurement);
+// Nothing when a number is missing.
+[[nodiscard]] std::optional<SMeasurement> ParseMeasurement(std::string_view text);

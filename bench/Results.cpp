@@ -1,0 +1,82 @@
+#include "Results.h"
+
+#include "DatabaseForms.h"
+
+#include <algorithm>
+
+namespace
+{
+constexpr double kLoadLimit = 3;
+constexpr double kLoadAndPackLimit = 5;
+constexpr double kGrowthLimit = 1.3;
+constexpr double kBytesLimit = 250;
+constexpr std::size_t kMemoryFrom = 10000;
+constexpr std::size_t kGrowthFrom = 10000;
+constexpr std::size_t kGrowthTo = 100000;
+
+const SSizeResult* FindSize(const std::vector<SSizeResult>& results, std::size_t records)
+{
+    const auto found = std::find_if(results.begin(), results.end(),
+                                    [&](const SSizeResult& result) { return result.m_nRecords == records; });
+    return found == results.end() ? nullptr : &*found;
+}
+} // namespace
+
+SSpread SSizeResult::GetSpread(double SMeasurement::*value) const
+{
+    std::vector<double> values;
+    for (const SMeasurement& round : m_Rounds)
+        values.push_back(round.*value);
+    std::sort(values.begin(), values.end());
+    return {values.front(), values[values.size() / 2], values.back()};
+}
+
+double SSizeResult::GetLoadRatio() const
+{
+    return GetSpread(&SMeasurement::m_nLoadMs).m_nLeast / GetSpread(&SMeasurement::m_nPlainMs).m_nLeast;
+}
+
+double SSizeResult::GetLoadAndPackRatio() const
+{
+    return GetLoadRatio() +
+           GetSpread(&SMeasurement::m_nPackMs).m_nLeast / GetSpread(&SMeasurement::m_nPlainMs).m_nLeast;
+}
+
+double SSizeResult::GetAttributes() const
+{
+    return static_cast<double>(m_nRecords * kAttributesPerRecord);
+}
+
+double SSizeResult::GetPeakPerAttribute() const
+{
+    return m_Counts.m_nPeakBytes / GetAttributes();
+}
+
+double SSizeResult::GetOwnPeakPerAttribute() const
+{
+    return (m_Counts.m_nPeakBytes - m_Counts.m_nStartBytes) / GetAttributes();
+}
+
+std::vector<SGoal> MakeGoals(const std::vector<SSizeResult>& results)
+{
+    std::vector<SGoal> goals;
+    for (const SSizeResult& result : results)
+    {
+        goals.push_back({"load / plain reading", result.m_nRecords, result.GetLoadRatio(), kLoadLimit});
+        goals.push_back({"load and pack / plain reading", result.m_nRecords, result.GetLoadAndPackRatio(),
+                         kLoadAndPackLimit});
+        if (result.m_nRecords >= kMemoryFrom)
+            goals.push_back(
+                {"peak bytes an attribute", result.m_nRecords, result.GetPeakPerAttribute(), kBytesLimit});
+    }
+    const SSizeResult* small = FindSize(results, kGrowthFrom);
+    const SSizeResult* large = FindSize(results, kGrowthTo);
+    if (small != nullptr && large != nullptr)
+    {
+        goals.push_back({"growth of the load ratio from 10,000", large->m_nRecords,
+                         large->GetLoadRatio() / small->GetLoadRatio(), kGrowthLimit});
+        goals.push_back({"growth of the load and pack ratio from 10,000", large->m_nRecords,
+                         large->GetLoadAndPackRatio() / small->GetLoadAndPackRatio(), kGrowthLimit});
+    }
+    return goals;
+}

@@ -1,0 +1,51 @@
+// What a run of the benchmark found: one entry a size, and the goals held against them.
+#pragma once
+
+#include "Measurement.h"
+
+#include <cstddef>
+#include <iosfwd>
+#include <string>
+#include <vector>
+
+// The rounds of one number.
+struct SSpread
+{
+    double m_nLeast = 0;
+    double m_nMedian = 0;
+    double m_nMost = 0;
+};
+
+struct SSizeResult
+{
+    std::size_t m_nRecords = 0;
+    std::vector<SMeasurement> m_Rounds; // Timed; never empty.
+    SMeasurement m_Counts;
+
+    [[nodiscard]] SSpread GetSpread(double SMeasurement::*value) const;
+    // The least time of a round against the least plain reading: what disturbs a round only adds to it.
+    [[nodiscard]] double GetLoadRatio() const;
+    [[nodiscard]] double GetLoadAndPackRatio() const;
+    [[nodiscard]] double GetAttributes() const;
+    [[nodiscard]] double GetPeakPerAttribute() const;
+    // Without the memory that the process has before the load, which is the same whatever it loads.
+    [[nodiscard]] double GetOwnPeakPerAttribute() const;
+};
+
+struct SGoal
+{
+    std::string m_sName;
+    std::size_t m_nRecords = 0;
+    double m_nValue = 0;
+    double m_nLimit = 0;
+
+    [[nodiscard]] bool IsMet() const { return m_nValue <= m_nLimit; }
+};
+
+// The goals that these sizes can be held against. Memory is judged from 10,000 records up: below, the program
+// itself is most of it.
+[[nodiscard]] std::vector<SGoal> MakeGoals(const std::vector<SSizeResult>& results);
+
+void PrintTable(std::ostream& out, const std::vector<SSizeResult>& results);
+// No paths and no dates, so that two runs differ only in what was measured.
+void WriteJson(std::ostream& out, const std::vector<SSizeResult>& results);

@@ -1,0 +1,71 @@
+// The results as a person reads them.
+#include "Results.h"
+
+#include <iomanip>
+#include <ostream>
+
+namespace
+{
+constexpr int kNameWidth = 46;
+constexpr double kMegabyte = 1024 * 1024;
+
+struct STimeRow
+{
+    const char* m_pName;
+    double SMeasurement::*m_pValue;
+};
+
+constexpr STimeRow kTimes[] = {
+    {"plain reading", &SMeasurement::m_nPlainMs},
+    {"load", &SMeasurement::m_nLoadMs},
+    {"pack", &SMeasurement::m_nPackMs},
+    {"close", &SMeasurement::m_nCloseMs},
+};
+
+void PrintRow(std::ostream& out, const char* name, double value, const char* unit)
+{
+    out << "  " << std::left << std::setw(kNameWidth) << name << std::right << std::setw(11) << value << "  "
+        << unit << '\n';
+}
+
+void PrintSize(std::ostream& out, const SSizeResult& result)
+{
+    const auto records = static_cast<double>(result.m_nRecords);
+    const SMeasurement& counts = result.m_Counts;
+    const SMeasurement& round = result.m_Rounds.front();
+    out << '\n'
+        << result.m_nRecords << " records, " << static_cast<std::size_t>(round.m_nFiles) << " files, "
+        << round.m_nBytes / kMegabyte << " MB; packed " << round.m_nPackedBytes / kMegabyte << " MB\n";
+    for (const STimeRow& row : kTimes)
+    {
+        const SSpread spread = result.GetSpread(row.m_pValue);
+        out << "  " << std::left << std::setw(kNameWidth) << row.m_pName << std::right << std::setw(11)
+            << spread.m_nLeast << "  ms  (median " << spread.m_nMedian << ", most " << spread.m_nMost
+            << ")\n";
+    }
+    PrintRow(out, "memory before the load", counts.m_nStartBytes / kMegabyte, "MB");
+    PrintRow(out, "memory after the load", counts.m_nLoadedBytes / kMegabyte, "MB");
+    PrintRow(out, "peak memory of load and pack", counts.m_nPeakBytes / kMegabyte, "MB");
+    PrintRow(out, "peak memory an attribute", result.GetPeakPerAttribute(), "bytes");
+    PrintRow(out, "  without that before the load", result.GetOwnPeakPerAttribute(), "bytes");
+    PrintRow(out, "file opens a record, load", counts.m_nLoadOpens / records, "");
+    PrintRow(out, "directory listings a record, load", counts.m_nLoadListings / records, "");
+    PrintRow(out, "other look-ups of a file a record, load", counts.m_nLoadInfos / records, "");
+    PrintRow(out, "allocations a record, load", counts.m_nLoadBlocks / records, "");
+    PrintRow(out, "allocations a record, pack", counts.m_nPackBlocks / records, "");
+}
+} // namespace
+
+void PrintTable(std::ostream& out, const std::vector<SSizeResult>& results)
+{
+    out << std::fixed << std::setprecision(2);
+    for (const SSizeResult& result : results)
+        PrintSize(out, result);
+    out << '\n'
+        << "  " << std::left << std::setw(kNameWidth) << "goal" << std::right << std::setw(9) << "records"
+        << std::setw(11) << "value" << std::setw(9) << "limit" << '\n';
+    for (const SGoal& goal : MakeGoals(results))
+        out << "  " << std::left << std::setw(kNameWidth) << goal.m_sName << std::right << std::setw(9)
+            << goal.m_nRecords << std::setw(11) << goal.m_nValue << std::setw(9) << goal.m_nLimit << "  "
+            << (goal.IsMet() ? "met" : "missed") << '\n';
+}

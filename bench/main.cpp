@@ -1,0 +1,130 @@
+// corvane-bench: how long a load and a pack take against plain reading of the same files, and what they cost
+// in memory, file opens and heap blocks.
+#include "BenchOptions.h"
+#include "ChildRun.h"
+#include "GeneratedTree.h"
+#include "Results.h"
+
+#include <fstream>
+#include <iostream>
+#include <stdexcept>
+#include <unistd.h>
+
+namespace
+{
+constexpr int kFailed = 1;
+constexpr int kWrongUse = 2;
+
+// A directory of our own for what is generated, unless the user names one.
+class CWorkDirectory
+{
+public:
+    explicit CWorkDirectory(const std::filesystem::path& given) : m_Path(given), m_bOwn(given.empty())
+    {
+        if (!m_bOwn)
+            return;
+        std::string name = (std::filesystem::temp_directory_path() / "corvane-bench-XXXXXX").string();
+        if (::mkdtemp(name.data()) == nullptr)
+            throw std::runtime_error("No directory could be made below the temporary one.");
+        m_Path = name;
+    }
+    ~CWorkDirectory()
+    {
+        std::error_code error;
+        if (m_bOwn)
+            std::filesystem::remove_all(m_Path, error);
+    }
+    CWorkDirectory(const CWorkDirectory&) = delete;
+    CWorkDirectory& operator=(const CWorkDirectory&) = delete;
+
+    [[nodiscard]] const std::filesystem::path& GetPath() const { return m_Path; }
+
+private:
+    std::filesystem::path m_Path;
+    bool m_bOwn;
+};
+
+SMeasurement MeasureInChild(EMeasure kind, const CGeneratedTree& tree, std::size_t records)
+{
+    const std::optional<std::string> text =
+        RunSelf(MakeMeasureArguments(kind, tree.GetPath(), records), tree.GetPath() / "config");
+    const std::optional<SMeasurement> measurement = text ? ParseMeasurement(*text) : std::nullopt;
+    if (!measurement)
+        throw std::runtime_error("The measurement of " + std::to_string(records) + " records failed.");
+    return *measurement;
+}
+
+SSizeResult MeasureSize(const SBenchOptions& options, const std::filesystem::path& directory,
+                        std::size_t records)
+{
+    std::cerr << records << " records: making the database" << std::endl;
+    const CGeneratedTree tree(directory, records, options.m_bKeep);
+    SSizeResult result;
+    result.m_nRecords = records;
+    result.m_Counts = MeasureInChild(EMeasure::Counts, tree, records);
+    for (std::size_t round = 1; round <= options.m_nRepeat; ++round)
+    {
+        std::cerr << records << " records: round " << round << std::endl;
+        result.m_Rounds.push_back(MeasureInChild(EMeasure::Times, tree, records));
+    }
+    return result;
+}
+
+void WriteOutput(const std::filesystem::path& file, const std::vector<SSizeResult>& results)
+{
+    std::ofstream out(file);
+    WriteJson(out, results);
+    out.close();
+    if (!out)
+        throw std::runtime_error("The file " + file.string() + " could not be written.");
+}
+
+void RunAll(const SBenchOptions& options)
+{
+    const CWorkDirectory directory(options.m_Directory);
+    std::vector<SSizeResult> results;
+    for (const std::size_t records : options.m_Sizes)
+        results.push_back(MeasureSize(options, directory.GetPath(), records));
+    PrintTable(std::cout, results);
+    if (!options.m_Output.empty())
+        WriteOutput(options.m_Output, results);
+}
+
+int RunMeasurement(const SBenchOptions& options)
+{
+    SMeasurement measurement;
+    if (!Measure(*options.m_Measure, options.m_Tree, options.m_nRecords, measurement))
+        return kFailed;
+    std::cout << FormatMeasurement(measurement);
+    return 0;
+}
+} // namespace
+
+int main(int argc, char** argv)
+{
+    const std::vector<std::string> arguments(argv + 1, argv + argc);
+    std::string error;
+    const std::optional<SBenchOptions> options = ParseBenchOptions(arguments, error);
+    if (!options)
+    {
+        std::cerr << error << '\n' << GetBenchHelp();
+        return kWrongUse;
+    }
+    if (options->m_bHelp)
+    {
+        std::cout << GetBenchHelp();
+        return 0;
+    }
+    try
+    {
+        if (options->m_Measure)
+            return RunMeasurement(*options);
+        RunAll(*options);
+        return 0;
+    }
+    catch (const std::exception& failure)
+    {
+        std::cerr << failure.what() << '\n';
+        return kFailed;
+    }
+}
