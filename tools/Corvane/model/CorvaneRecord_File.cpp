@@ -145,9 +145,11 @@ std::u16string CCorvaneRecord::MakeFilePath(const CCorvaneCategory& systemCatego
     const std::u16string base =
         m_sFile.empty() ? MakeFileBaseName(m_sName) : std::u16string(SplitPath(m_sFile).name);
     std::u16string path = directory + base + u".record";
+    if (EqualNames(path, m_sFile))
+        return m_sFile; // The disk's own spelling, ".RECORD" perhaps, names the same file.
     IFileSystem& files = m_Manager.GetContext().m_Files;
     // Another object's file is never overwritten by a first save or a move.
-    for (int number = 2; path != m_sFile && files.Exists(path); ++number)
+    for (int number = 2; files.Exists(path); ++number)
         path = directory + FormatText(u"%s (%d).record", base, number);
     return path;
 }
