@@ -11,8 +11,16 @@
 
 #include <algorithm>
 
+namespace
+{
+// More values than any fixed list has; a schema that asks for more is damaged, and memory is not its to take.
+constexpr std::int32_t kMaxFixedValues = 65535;
+} // namespace
+
 bool CCorvaneType::Init(std::u16string_view defaultText, CCorvaneSchemaAttribData& data)
 {
+    if (data.GetValues() > kMaxFixedValues)
+        return false;
     SetBuild(data.GetBuild());
     SetAttribData(&data);
     CCorvaneValueList values;
@@ -41,7 +49,8 @@ void CCorvaneType::Clear()
 
 bool CCorvaneType::AddValue(std::u16string_view text)
 {
-    if (!PrepareForEdit())
+    // A refused change leaves no mark and no restore point.
+    if (!IsVariableSize() || !PrepareForEdit())
         return false;
     RecordValueChange(*this, GetOwnValues().GetCount(), true);
     if (CCorvaneRecord* record = GetOwnerRecord())
@@ -61,7 +70,7 @@ bool CCorvaneType::SetValue(std::size_t index, std::u16string_view text)
 
 bool CCorvaneType::RemoveValue(std::size_t index)
 {
-    if (!PrepareForEdit())
+    if (!IsVariableSize() || index >= GetOwnValues().GetCount() || !PrepareForEdit())
         return false;
     if (CCorvaneRecord* record = GetOwnerRecord())
         record->SetModified(true);
