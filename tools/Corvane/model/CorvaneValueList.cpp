@@ -61,9 +61,12 @@ void CCorvaneValueList::Set(std::size_t index, std::u16string_view text)
 void CCorvaneValueList::Add(std::u16string_view text)
 {
     if (m_nState == Empty && text.size() <= kInlineUnits)
+    {
         StoreInline(text);
-    else
-        MoveToHeap().emplace_back(text);
+        return;
+    }
+    std::u16string copy(text); // The text may lie in this list.
+    MoveToHeap().push_back(std::move(copy));
 }
 
 void CCorvaneValueList::Insert(std::size_t index, std::u16string_view text)
