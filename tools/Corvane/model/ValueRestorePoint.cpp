@@ -14,12 +14,13 @@ CValueRestorePoint::CValueRestorePoint(CCorvaneType& attrib, std::size_t index, 
 bool CValueRestorePoint::Undo(bool)
 {
     const std::u16string current(m_pAttrib->GetValue(m_nIndex));
-    // The stored text goes back as it stands: a type's own SetValue would encode it a second time.
+    // The stored text goes back as it stands: a type's own operation would encode it a second time. The gate
+    // and the modified mark take part as they did the first time.
     bool done = false;
     if (m_bAdded && !m_bRemoved)
         done = m_pAttrib->RemoveValue(m_nIndex);
     else if (m_bAdded)
-        done = m_pAttrib->AddValue(m_sOther); // Through the gate and the modified mark, as the first time.
+        done = m_pAttrib->CCorvaneType::AddValue(m_sOther);
     else
         done = m_pAttrib->CCorvaneType::SetValue(m_nIndex, m_sOther);
     if (!done)
