@@ -178,7 +178,10 @@ private:
     [[nodiscard]] bool FailOpen();
     [[nodiscard]] bool ConnectSourceControl();
     void ReadPerUserFile();
+    // The user's own choice of the active build; none leaves it as it is.
+    void ApplyStoredBuild();
     void LoadTree();
+    [[nodiscard]] std::vector<SWalkedDirectory> BeginWalk();
     void EnumerateSchemaFiles(std::u16string_view directory, std::vector<SWalkedDirectory>& above);
     void EnumerateCategoryFiles(std::u16string_view directory, CCorvaneCategory* parent,
                                 std::vector<SWalkedDirectory>& above);
@@ -186,7 +189,7 @@ private:
     [[nodiscard]] bool EnterDirectory(const SDirectoryEntry& entry, std::u16string_view path,
                                       std::vector<SWalkedDirectory>& above, bool tell);
     void LoadRecords(IProgress& progress);
-    void TellStrayRecords(std::u16string_view directory, const SDirectoryFilter& filter);
+    void TellStrayRecords(std::u16string_view directory, std::size_t count);
     [[nodiscard]] std::vector<SDirectoryEntry> ListDirectory(std::u16string_view directory,
                                                              const SDirectoryFilter& filter);
     [[nodiscard]] static std::u16string_view CutBehindLastSeparator(std::u16string_view path);

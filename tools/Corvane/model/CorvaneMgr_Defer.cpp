@@ -58,8 +58,14 @@ void CCorvaneMgr::ChooseActiveBuild()
     if (!m_Context.m_Run.Test(APP_EXPERT) || m_PerUser.ReadBoolean(kDatabaseSection, u"Use.Game.Build"))
         SetActiveBuild(GetBuildNumber());
     else
-        SetActiveBuild(static_cast<std::uint32_t>(m_PerUser.ReadInteger(kDatabaseSection, u"Active.Build")));
+        ApplyStoredBuild();
     Notify(CCorvaneEvent(ECorvaneEvent::AttributesChanged, static_cast<CCorvaneRecord*>(nullptr)));
+}
+
+void CCorvaneMgr::ApplyStoredBuild()
+{
+    if (m_PerUser.IsKey(kDatabaseSection, u"Active.Build"))
+        SetActiveBuild(static_cast<std::uint32_t>(m_PerUser.ReadInteger(kDatabaseSection, u"Active.Build")));
 }
 
 bool CCorvaneMgr::IsAttributeAvailableForBuild(const CCorvaneAttrib* pAttrib, std::uint32_t build) const
@@ -111,23 +117,46 @@ void RemoveForeignAttributes(CCorvaneRecord& record, const CCorvaneRecord& templ
     }
 }
 
+// Brings the record's own instance of `entry` to place `index`. False when it has none from there on.
+bool BringToPlace(CCorvaneRecord& record, std::size_t index, const CCorvaneAttrib& entry)
+{
+    const auto list = record.GetAttributeList();
+    for (std::size_t i = index; i < list.size(); ++i)
+    {
+        if (!list[i]->IsSameAttribute(entry))
+            continue;
+        const CRef<CCorvaneAttrib> attrib = list[i];
+        if (i != index)
+        {
+            record.RemoveAttribute(i);
+            record.InsertAttribute(index, attrib);
+        }
+        return true;
+    }
+    return false;
+}
+
 void InsertMissingAttributes(CCorvaneRecord& record, const CCorvaneRecord& templateRecord)
 {
     const auto entries = templateRecord.GetAttributeList();
+    std::vector<CRef<CCorvaneAttrib>> added;
     for (std::size_t j = 0; j < entries.size(); ++j)
     {
-        const auto list = record.GetAttributeList();
-        if (j < list.size() && list[j]->IsSameAttribute(*entries[j]))
+        if (BringToPlace(record, j, *entries[j]))
         {
             // A schema that was read again has new data and defaults for the entries it kept.
-            list[j]->SetAttribData(entries[j]->GetAttribData());
-            list[j]->SetDefaultRecord(entries[j].Get());
+            CCorvaneAttrib& attrib = *record.GetAttributeList()[j];
+            attrib.SetAttribData(entries[j]->GetAttribData());
+            attrib.SetDefaultRecord(entries[j].Get());
             continue;
         }
         const CRef<CCorvaneAttrib> copy(static_cast<const CCorvaneType&>(*entries[j]).Clone(&record).Get());
         record.InsertAttribute(j, copy);
-        CopyValuesFromOlderBuild(*copy);
+        added.push_back(copy);
     }
+    // Older entries stand behind newer ones: the last is filled first.
+    for (auto attrib = added.rbegin(); attrib != added.rend(); ++attrib)
+        CopyValuesFromOlderBuild(**attrib);
 }
 } // namespace
 

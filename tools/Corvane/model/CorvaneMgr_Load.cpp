@@ -183,19 +183,27 @@ bool CCorvaneMgr::ConnectSourceControl()
 void CCorvaneMgr::ReadPerUserFile()
 {
     m_PerUser.Clear();
-    // A user's first load has no such file.
-    static_cast<void>(m_PerUser.Import(GetPerUserFilePath(m_Root.m_sDatabase), 0));
-    m_bPerUserRead = true;
+    const std::u16string path = GetPerUserFilePath(m_Root.m_sDatabase);
+    const bool read = m_PerUser.Import(path, 0);
+    // A user's first load has no such file. One that is there but cannot be read may hold what the user
+    // needs, so that it is not written over at the close.
+    m_bPerUserRead = read || m_PerUser.GetLastError().m_Code == EFileError::NotFound;
+    if (!m_bPerUserRead)
+        m_Context.m_Questions.Tell(
+            u"File Open Failed",
+            FormatText(u"Your settings of this database could not be read and stay as they are: %s.\n\n%s",
+                       m_PerUser.GetLastError().GetText(), path));
     m_PerUser.WriteString(kGeneral, u"Database", m_Root.m_sName);
-    if (m_PerUser.ReadInteger(kDatabaseSection, u"Version") >= m_Root.m_nVersion &&
-        m_PerUser.IsKey(kDatabaseSection, u"Active.Build"))
-        SetActiveBuild(static_cast<std::uint32_t>(m_PerUser.ReadInteger(kDatabaseSection, u"Active.Build")));
+    // A raised version of the database discards the build that the user had chosen before.
+    if (m_PerUser.ReadInteger(kDatabaseSection, u"Version") < m_Root.m_nVersion)
+        m_PerUser.DeleteKey(kDatabaseSection, u"Active.Build");
+    ApplyStoredBuild();
 }
 
 void CCorvaneMgr::LoadTree()
 {
     const std::unique_ptr<IProgress> progress = m_Context.m_Questions.CreateProgress(u"Open Database");
-    std::vector<SWalkedDirectory> above;
+    std::vector<SWalkedDirectory> above = BeginWalk();
     progress->SetText(u"Loading Schemas...");
     Notify(CCorvaneEvent(ECorvaneEvent::SchemasLoadBegin));
     EnumerateSchemaFiles(m_sDirectory, above);
@@ -215,6 +223,25 @@ void CCorvaneMgr::LoadTree()
     for (const CRef<CCorvaneCategory>& category : m_RootCategories)
         UpdateHierarchalData(category.Get());
     Notify(CCorvaneEvent(ECorvaneEvent::RecordsLoadEnd));
+}
+
+// The root directory as its own parent lists it, so that a link back to it is known as one. Nothing when the
+// parent may not be read: the link is then found one turn later.
+std::vector<CCorvaneMgr::SWalkedDirectory> CCorvaneMgr::BeginWalk()
+{
+    const SDirectoryFilter filter{.m_bDirectories = true, .m_bFiles = false, .m_sExtension = {}};
+    const std::u16string_view root = WithoutLastSeparator(m_sDirectory);
+    const std::u16string_view name = GetFileNamePart(root);
+    std::vector<SDirectoryEntry> entries;
+    std::vector<SWalkedDirectory> above;
+    if (!m_Context.m_Files.ListDirectory(GetDirectoryPart(root), filter, entries).IsOk())
+        return above;
+    for (const SDirectoryEntry& entry : entries)
+    {
+        if (above.empty() && entry.m_sName == name)
+            above.push_back({entry.m_nDevice, entry.m_nNode});
+    }
+    return above;
 }
 
 // True when `entry` does not lead back to a directory that is being walked, as a link may.
@@ -315,10 +342,13 @@ void CCorvaneMgr::EnumerateRecordFiles(CCorvaneCategory& category, IProgress& pr
     const SDirectoryFilter filter{.m_bDirectories = false, .m_bFiles = true, .m_sExtension = u"record"};
     std::u16string path(GetDirectoryPart(category.GetFile()));
     const std::size_t length = path.size();
+    if (path.empty())
+        return; // No directory stands for this category.
     std::size_t count = 0;
-    if (category.GetSchema() == nullptr)
-        return TellStrayRecords(path, filter);
-    for (const SDirectoryEntry& entry : ListDirectory(path, filter))
+    const std::vector<SDirectoryEntry> entries = ListDirectory(path, filter);
+    if (category.GetSchema() == nullptr && !entries.empty())
+        TellStrayRecords(path, entries.size());
+    for (const SDirectoryEntry& entry : entries)
     {
         path.resize(length);
         path += entry.m_sName;
@@ -328,14 +358,12 @@ void CCorvaneMgr::EnumerateRecordFiles(CCorvaneCategory& category, IProgress& pr
     }
 }
 
-void CCorvaneMgr::TellStrayRecords(std::u16string_view directory, const SDirectoryFilter& filter)
+void CCorvaneMgr::TellStrayRecords(std::u16string_view directory, std::size_t count)
 {
-    const std::vector<SDirectoryEntry> entries = ListDirectory(directory, filter);
-    if (!entries.empty())
-        m_Context.m_Questions.Tell(
-            u"Invalid Schema", FormatText(u"The category names no schema, so that %d records in it are not "
-                                          u"loaded.\n\n%s",
-                                          entries.size(), directory));
+    m_Context.m_Questions.Tell(
+        u"Invalid Schema",
+        FormatText(u"The category names no schema, so that its records (%d) are not loaded.\n\n%s", count,
+                   directory));
 }
 
 void CCorvaneMgr::ConnectHierarchalData(CCorvaneCategory* pParent)
@@ -405,6 +433,13 @@ void CCorvaneMgr::ReleaseTree()
 {
     m_CompiledRecords.Clear();
     m_CompiledCategories.Clear();
+    // All links at once: taking each record out of its parent's list would be quadratic in a list's length.
+    EnumerateRecords(
+        [](CCorvaneRecord& record)
+        {
+            record.DropLinks();
+            return true;
+        });
     while (!m_RootCategories.empty())
     {
         const CRef<CCorvaneCategory> category = m_RootCategories.back();

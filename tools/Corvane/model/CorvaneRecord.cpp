@@ -64,9 +64,17 @@ void CCorvaneRecord::Clear()
     LeaveParent();
     OrphanReferencees();
     m_Stamp = {};
-    m_sName.clear();
     m_sComment.clear();
+    const std::u16string name = std::exchange(m_sName, {});
+    if (m_pCategory)
+        m_pCategory->OnRecordNamed(*this, name);
     m_pCategory.Reset();
+}
+
+void CCorvaneRecord::DropLinks()
+{
+    m_pParent.Reset();
+    m_Referencees.clear();
 }
 
 void CCorvaneRecord::LeaveParent()

@@ -60,6 +60,8 @@ public:
     bool ConnectHierarchy();
     // Sends Refresh to all attributes of every record below this one.
     void UpdateHierarchy();
+    // Forgets parent and referencees without telling them; for a close, when every record does so.
+    void DropLinks();
     // Takes `child` out of the referencees; its attributes stay as they are.
     bool DisconnectReferencee(CCorvaneRecord& child);
 
