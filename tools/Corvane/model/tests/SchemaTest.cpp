@@ -1,0 +1,220 @@
+// Schemas: the order of their entries, parents, and the reload that keeps the values of every record.
+#include "CorvaneSchemaAttribData.h"
+#include "CorvaneType.h"
+#include "TestDatabase.h"
+#include "Unicode.h"
+
+#include <gmock/gmock.h>
+
+namespace fs = std::filesystem;
+using testing::HasSubstr;
+
+TEST(Schema, GathersAndSortsItsEntries)
+{
+    struct SCase
+    {
+        std::vector<const char*> m_Sections; // A section's number is its default.
+        const char* m_szOrder;
+        const char* m_szDefaults;
+        std::size_t m_nDuplicates;
+    };
+    const SCase cases[] = {
+        {{"A.10", "B", "A.20"}, "A.20 A.10 B.0 ", "2 0 1 ", 0},
+        {{"A", "A.0"}, "A.0 ", "1 ", 0},
+        {{"A.0", "A"}, "A.0 ", "0 ", 0},
+        {{"A.3", "A.3"}, "A.3 ", "0 ", 1},
+        {{"A", "a"}, "A.0 ", "0 ", 1},
+        {{"A.1", "B.2", "A.3", "B.4", "A.2"}, "A.3 A.2 A.1 B.4 B.2 ", "2 4 0 3 1 ", 0},
+        {{"A.1", "B", "B.5", "a.7", "B.0"}, "a.7 A.1 B.5 B.0 ", "3 0 2 4 ", 0},
+        {{"A.5", "A.5", "A.9", "A.5"}, "A.9 A.5 ", "2 0 ", 2},
+        {{"A", "A.0", "A", "B"}, "A.0 B.0 ", "1 3 ", 0},
+        {{"My.Name", "Other.x"}, "My.0 Other.0 ", "0 1 ", 0},
+    };
+    for (const SCase& row : cases)
+    {
+        CTestDatabase database;
+        std::string sections, label;
+        for (std::size_t i = 0; i < row.m_Sections.size(); ++i)
+        {
+            label += std::string(row.m_Sections[i]) + " ";
+            sections += "[Attrib." + std::string(row.m_Sections[i]) +
+                        "]\nType=Integer\nDefault=" + std::to_string(i) + "\n";
+        }
+        database.AddSchema("S", sections);
+        ASSERT_TRUE(database.Open());
+        EXPECT_EQ(database.GetTemplateList("S"), row.m_szOrder) << label;
+        std::string defaults;
+        for (const CRef<CCorvaneAttrib>& attrib : database.Schema("S").GetTemplate()->GetAttributeList())
+            defaults += ToNarrow(attrib->GetValue(0)) + " ";
+        EXPECT_EQ(defaults, row.m_szDefaults) << label;
+        EXPECT_EQ(database.m_Questions.Count(u"Duplicate Attributes"), row.m_nDuplicates) << label;
+        database.m_nExpectedAsserts = row.m_nDuplicates;
+    }
+}
+
+TEST(Schema, ReadsFlagsAndCounts)
+{
+    CTestDatabase database;
+    database.AddSchema("S",
+                       "[Attrib.A]\nType=INTEGER\nValues=0\nInherit=true\nDeleted=yes\nHelp=h\n"
+                       "[Attrib.B]\nType=Integer\nValues=-1\nInherit=FALSE\nDeleted=true\nUnicode=True\n"
+                       "[Attrib.C]\nType=Integer\nInherit=no\nValues=-7\n[Attrib.D]\nData=without a type\n"
+                       "[Attrib.E]\nType=Nonsense\n[Attrib.F]\nType=Integer\nValues=3\n");
+    database.AddSchema("Greedy", "[Attrib.A.0]\nType=Text\nValues=2147483647\n[Attrib.B.0]\nType=Text\n");
+    ASSERT_TRUE(database.Open());
+    const auto list = database.Schema("S").GetAttribDataList();
+    ASSERT_EQ(database.GetTemplateList("S"), "A.0 B.0 C.0 F.0 ");
+    ASSERT_EQ(list.size(), 4U);
+    const std::uint32_t all = ATTRIB_FLAG_DELETED | ATTRIB_FLAG_INHERIT | ATTRIB_FLAG_UNICODE;
+    EXPECT_TRUE(list[0]->TestFlag(ATTRIB_FLAG_INHERIT) && !list[0]->TestFlag(all & ~ATTRIB_FLAG_INHERIT));
+    EXPECT_TRUE(!list[1]->TestFlag(ATTRIB_FLAG_INHERIT) && list[1]->TestFlag(ATTRIB_FLAG_DELETED) &&
+                list[1]->TestFlag(ATTRIB_FLAG_UNICODE));
+    EXPECT_TRUE(list[2]->TestFlag(ATTRIB_FLAG_INHERIT));
+    EXPECT_EQ(list[0]->GetValues(), 1);
+    EXPECT_EQ(list[1]->GetValues(), kVariableValues);
+    EXPECT_EQ(list[2]->GetValues(), 1);
+    EXPECT_EQ(database.Schema("S").GetTemplate()->GetAttributeList()[3]->GetValueCount(), 3U);
+    // A count that no memory holds costs the attribute, not the program.
+    EXPECT_EQ(database.GetTemplateList("Greedy"), "B.0 ");
+    ASSERT_EQ(database.GetTitles(), "Invalid Attribute;Invalid Attribute;");
+    EXPECT_EQ(ToNarrow(database.m_Questions.GetQuestions()[1].m_sText),
+              "Failed to create attribute of type 'Nonsense' in schema 'S'.  The attribute type may be "
+              "invalid.\n\n" +
+                  database.GetPath("Schemas/S.schema").string());
+}
+
+TEST(Schema, ConnectsParentsInAnyOrderOfFiles)
+{
+    CTestDatabase database;
+    const auto add = [&](std::string_view name, std::string_view parent)
+    { database.AddSchema(name, "[Attrib." + std::string(name) + "x.0]\nType=Integer\n", parent); };
+    add("A", "b");
+    add("B", "C");
+    add("C", "");
+    add("Lost", "Nobody");
+    add("Ring1", "Ring2");
+    add("Ring2", "Ring1");
+    add("Tail", "Ring1");
+    database.Write("Z.schema", "[Schema]\nName=c\n");
+    ASSERT_TRUE(database.Open());
+    EXPECT_EQ(database.GetTemplateList("A"), "Cx.0 Bx.0 Ax.0 ");
+    EXPECT_EQ(database.GetTemplateList("B"), "Cx.0 Bx.0 ");
+    EXPECT_EQ(database.GetTemplateList("Ring1"), "Ring1x.0 ");
+    EXPECT_EQ(database.GetTemplateList("Tail"), "Ring1x.0 Tailx.0 ");
+    EXPECT_TRUE(database.Schema("A").IsDerivedFrom(database.Schema("C")));
+    EXPECT_FALSE(database.Schema("C").IsDerivedFrom(database.Schema("A")));
+    EXPECT_EQ(database.GetTitles(),
+              "Schema Duplicates;Find Schema Failed;Find Schema Failed;Find Schema Failed;");
+    EXPECT_EQ(database.m_Questions.GetQuestions()[1].m_sText,
+              u"Failed to find schema 'Nobody'.  This schema is specified as the parent of schema 'Lost'.");
+    EXPECT_EQ(database.GetQuestion("Schema Duplicates"),
+              "Duplicate schemas have been detected.  A schema called 'c' already exist in the global schema "
+              "namespace.\n\n" +
+                  database.GetPath("Z.schema").string() + "\n\nv.s.\n\n" +
+                  database.GetPath("Schemas/C.schema").string());
+}
+
+namespace
+{
+// A parent schema with two entries, a derived one, and records of both with values of their own.
+void WriteFamily(const CTestDatabase& database)
+{
+    database.AddSchema("Base",
+                       "[Attrib.A.0]\nType=Integer\nDefault=1\n\n[Attrib.B.0]\nType=Integer\nDefault=2\n\n");
+    database.AddSchema("Derived", "[Attrib.C.0]\nType=Integer\nDefault=3\n\n", "Base");
+    database.AddCategory("Bases", "Base");
+    database.AddCategory("Deriveds", "Derived");
+    database.AddRecord("Bases/R", "Base", "[Attrib.A]\nValue.0000=10\n\n[Attrib.B]\nValue.0000=20\n\n");
+    database.AddRecord(
+        "Deriveds/R", "Derived",
+        "[Attrib.A]\nValue.0000=11\n\n[Attrib.B]\nValue.0000=21\n\n[Attrib.C]\nValue.0000=31\n\n");
+}
+
+std::string Dump(const CTestDatabase& database, std::string_view path)
+{
+    std::string text;
+    for (const CRef<CCorvaneAttrib>& attrib : database.Record(path).GetAttributeList())
+        text += ToNarrow(attrib->GetName()) + "=" + ToNarrow(attrib->GetValue(0)) + " ";
+    return text;
+}
+} // namespace
+
+TEST(Schema, AReloadKeepsEveryValue)
+{
+    CTestDatabase database;
+    WriteFamily(database);
+    ASSERT_TRUE(database.Open());
+    const auto entry = [](const char* name, const char* rest)
+    { return "[Attrib." + std::string(name) + "]\nType=Integer\n" + rest + "\n"; };
+    const std::pair<std::string, std::pair<std::string, std::string>> cases[] = {
+        {entry("A.0", "Default=1") + entry("B.0", "Default=2"), {"A=10 B=20 ", "A=11 B=21 C=31 "}},
+        {entry("A.0", "") + entry("N.0", "Default=5") + entry("B.0", ""),
+         {"A=10 N=5 B=20 ", "A=11 N=5 B=21 C=31 "}},
+        {entry("B", "") + entry("N.0", "") + entry("A", ""), {"B=20 N=5 A=10 ", "B=21 N=5 A=11 C=31 "}},
+        {entry("A.7", "") + entry("A.0", "") + entry("B.0", ""), {"A=10 A=10 B=20 ", "A=11 A=11 B=21 C=31 "}},
+        // Another type is another entry.
+        {entry("A.0", "") + "[Attrib.B.0]\nType=Text\nDefault=t\n", {"A=10 B=t ", "A=11 B=t C=31 "}},
+    };
+    for (const auto& [sections, expected] : cases)
+    {
+        database.AddSchema("Base", sections);
+        ASSERT_TRUE(database.Schema("Base").ReloadFromFile());
+        EXPECT_EQ(Dump(database, "Bases/R"), expected.first) << sections;
+        EXPECT_EQ(Dump(database, "Deriveds/R"), expected.second) << sections;
+        EXPECT_EQ(database.Schema("Base").GetAttribDataList().size(),
+                  database.Schema("Base").GetTemplate()->GetAttributeList().size());
+    }
+    // A record that had no value of its own sees the new default.
+    EXPECT_EQ(database.Attrib("Bases/R", "B").GetValue(9), u"t");
+    // The repair can write what it repaired, changed or not.
+    EXPECT_FALSE(database.Record("Bases/R").TestFlag(RECORD_FLAG_MODIFIED));
+    EXPECT_TRUE(database.Get().FixRecords(database.Schema("Base"), true));
+    EXPECT_THAT(database.Read("Bases/R.record"), HasSubstr("Value.0000=10\n\n[Attrib.B]\n"));
+    EXPECT_THAT(database.Read("Bases/R.record"), HasSubstr("Value.0000=t\n"));
+    EXPECT_EQ(database.GetTitles(), "");
+}
+
+TEST(Schema, AFailedReloadLeavesItAsItWas)
+{
+    CTestDatabase database;
+    WriteFamily(database);
+    ASSERT_TRUE(database.Open());
+    const CTestDatabase::Snapshot before = database.TakeSnapshot();
+    database.WriteBytes("Schemas/Base.schema", "[Schema]\nName=Base\n");
+    EXPECT_FALSE(database.Schema("Base").ReloadFromFile());
+    database.Write("Schemas/Base.schema", "[Schema]\nName=Derived\n");
+    EXPECT_FALSE(database.Schema("Base").ReloadFromFile());
+    fs::remove(database.GetPath("Schemas/Base.schema"));
+    EXPECT_FALSE(database.Schema("Base").ReloadFromFile());
+    EXPECT_EQ(database.GetTemplateList("Derived"), "A.0 B.0 C.0 ");
+    EXPECT_EQ(Dump(database, "Deriveds/R"), "A=11 B=21 C=31 ");
+    EXPECT_EQ(database.GetTitles(), "Invalid Schema File Format;Schema Duplicates;File Open Failed;");
+}
+
+TEST(Schema, AReloadFollowsNewNamesAndParents)
+{
+    CTestDatabase database;
+    WriteFamily(database);
+    ASSERT_TRUE(database.Open());
+    database.Write("Schemas/Base.schema", "[Schema]\nName=Renamed\n\n[Attrib.A.0]\nType=Integer\n\n");
+    ASSERT_TRUE(database.Schema("Base").ReloadFromFile());
+    EXPECT_EQ(database.Get().FindSchema(u"Base"), nullptr);
+    EXPECT_EQ(Dump(database, "Bases/R"), "A=10 ");
+    EXPECT_EQ(Dump(database, "Deriveds/R"), "C=31 ");
+    EXPECT_EQ(database.GetTitles(), "Find Schema Failed;");
+    database.AddSchema("Derived", "[Attrib.C.0]\nType=Integer\nDefault=3\n\n", "renamed");
+    ASSERT_TRUE(database.Schema("Derived").ReloadFromFile());
+    EXPECT_EQ(Dump(database, "Deriveds/R"), "A=0 C=31 ");
+}
+
+TEST(Schema, SavesItsOwnEntriesOnly)
+{
+    CTestDatabase database;
+    WriteFamily(database);
+    ASSERT_TRUE(database.Open());
+    ASSERT_TRUE(database.Get().SaveSchema(&database.Schema("Derived")));
+    EXPECT_EQ(database.Read("Schemas/Derived.schema"),
+              "[Schema]\nName=Derived\nHelp=\nParent=Base\n\n[Attrib.C.0]\nType=Integer\nData=\nDefault="
+              "3\nUnicode=False\n"
+              "Deleted=False\nInherit=True\nValues=1\nHelp=\n\n");
+}
