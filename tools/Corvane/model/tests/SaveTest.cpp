@@ -182,6 +182,13 @@ TEST(Save, ACancelledSaveStopsOrFails)
     EXPECT_FALSE(cancelAt(u"Saving Category and Record Files..."));
     EXPECT_EQ(database.GetTitles(), "");
     EXPECT_EQ(database.GetChanges(before), "");
+    // Among the records: the rest of them fails, and the end tells it.
+    int pumps = 0;
+    database.m_Questions.m_Cancel = [&](std::u16string_view text)
+    { return text == u"Saving Category and Record Files..." && ++pumps > 1; };
+    EXPECT_FALSE(database.Get().SaveDatabase({}, true));
+    EXPECT_EQ(database.GetTitles(), "Save Failed;");
+    EXPECT_EQ(database.GetChanges(before), "");
     EXPECT_TRUE(database.Record("C/changed").TestFlag(RECORD_FLAG_MODIFIED));
     database.m_Questions.m_Cancel = nullptr;
 }

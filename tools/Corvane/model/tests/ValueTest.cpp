@@ -98,7 +98,7 @@ TEST(Value, AListKeepsWhatAVectorWould)
         const bool own = count > 0 && number(3) == 0;
         const std::u16string text = own ? expected[at] : texts[number(std::size(texts))];
         const std::u16string_view source = own ? list.Get(at) : std::u16string_view(text);
-        switch (number(count < 4 ? 4 : 7))
+        switch (number(count == 0 ? 4 : 7))
         {
         case 0:
             list.Add(source);
