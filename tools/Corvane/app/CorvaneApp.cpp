@@ -89,6 +89,8 @@ void CCorvaneApp::ChooseHost()
 // start, so that one that comes during the load is not lost.
 void CCorvaneApp::PrepareSignals()
 {
+    // A file that may not grow further is a failed write with its own message, not the end of the process.
+    std::signal(SIGXFSZ, SIG_IGN);
     if (m_CommandLine.IsBatch())
     {
         CInterrupt::Install();

@@ -44,6 +44,7 @@ void CCorvaneApp::Pack()
     CDatabaseCompiler compiler(m_Manager);
     if (!compiler.CompileDatabase(0, target, build))
         m_Run.m_nExitStatus = kExitFailed;
+    compiler.TellPostBuildOutcome();
     TellRunningPostBuildStep(compiler.GetRunningPostBuildStep());
 }
 

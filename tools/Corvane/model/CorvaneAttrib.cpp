@@ -64,15 +64,27 @@ void CCorvaneAttrib::GetQualifiedName(std::u16string& out, std::u16string_view p
 
 void CCorvaneAttrib::Clear()
 {
+    ClearMarks();
+    m_Values.Clear();
+}
+
+// Everything but the values and the modified mark.
+void CCorvaneAttrib::ClearMarks()
+{
     if (m_pExtra)
     {
         m_pExtra->m_sComment.clear();
         m_pExtra->m_sLockUser.clear();
         m_pExtra->m_pParentAttrib = nullptr;
     }
-    m_Values.Clear();
     m_bInherit = m_bLocked = m_bOverride = m_bPlaceHolder = m_bTodo = false;
     m_pParentRecord.Reset();
+}
+
+std::u16string_view CCorvaneAttrib::GetDefaultText() const
+{
+    const CCorvaneAttrib* source = GetDefault();
+    return source && source->m_Values.GetCount() > 0 ? source->m_Values.Get(0) : std::u16string_view(u"");
 }
 
 const std::u16string& CCorvaneAttrib::GetName() const

@@ -25,6 +25,7 @@ class CUnicodeFileParse_ReadOnly;
 class ICorvaneTypeView;
 class IUnicodeFileParse;
 class IValidationSink;
+struct SSectionKey;
 
 // What a change in a parent record tells the symmetric attributes of its referencees.
 enum class EHierarchyEvent : int
@@ -190,13 +191,19 @@ protected:
     void LoadMarks(const CUnicodeFileParse_ReadOnly& parser, std::size_t section);
     [[nodiscard]] bool SaveMarks(IUnicodeFileParse& writer, std::u16string_view section) const;
     [[nodiscard]] bool IsVariableSize() const;
+    // The text that stands in for a value that is missing.
+    [[nodiscard]] std::u16string_view GetDefaultText() const;
+    // Brings a fixed list to its count.
+    void FillDefaultValues();
     [[nodiscard]] bool ApplySetValue(std::size_t index, std::u16string_view text);
 
 private:
     friend class CCorvaneRecord;
 
-    void LoadValue(std::u16string_view text, std::size_t index);
-    void LoadValuesByName(const CUnicodeFileParse_ReadOnly& parser, std::size_t section, std::size_t first);
+    void ClearMarks();
+    void LoadMark(unsigned mark, std::u16string_view value);
+    [[nodiscard]] bool LoadNextValue(const SSectionKey& key);
+    void LoadValuesByName(const CUnicodeFileParse_ReadOnly& parser, std::size_t section);
 
     std::uint32_t m_nBuild = 0;
     // Where this attribute stands in its record's list; the record keeps it. A template attribute that a

@@ -9,6 +9,7 @@
 #include "UnicodeFileParse_ReadOnly.h"
 #include "zrassert.h"
 
+#include <iterator>
 #include <unordered_map>
 
 namespace
@@ -60,14 +61,44 @@ constexpr SMarkName kMarkNames[] = {
     {u"Comment", MarkComment},
 };
 
-unsigned FindMark(std::u16string_view name)
+// Tells the marks of a section, each once: the first key of a name counts.
+class CMarkReader
 {
-    for (const SMarkName& mark : kMarkNames)
+public:
+    // 0 for a key that is no mark, or one that was seen.
+    unsigned Next(std::u16string_view name)
     {
-        if (mark.m_sName.size() == name.size() && EqualNames(mark.m_sName, name))
-            return mark.m_Mark;
+        // Files that this program wrote hold the marks in this order, ahead of everything else.
+        if (m_nNext < std::size(kMarkNames) && name == kMarkNames[m_nNext].m_sName)
+            return Take(kMarkNames[m_nNext++].m_Mark);
+        for (const SMarkName& mark : kMarkNames)
+        {
+            if (mark.m_sName.size() == name.size() && EqualNames(mark.m_sName, name))
+                return Take(mark.m_Mark);
+        }
+        return 0;
     }
-    return 0;
+
+private:
+    unsigned Take(unsigned mark)
+    {
+        const bool seen = (m_nSeen & mark) != 0;
+        m_nSeen |= mark;
+        return seen ? 0 : mark;
+    }
+
+    std::size_t m_nNext = 0;
+    unsigned m_nSeen = 0;
+};
+
+bool IsValueKey(std::u16string_view name)
+{
+    return name.substr(0, kValuePrefix.size()) == kValuePrefix || BeginsWithName(name, kValuePrefix);
+}
+
+bool IsTrue(std::u16string_view text)
+{
+    return text == u"True" || (text != u"False" && ParseBoolean(text));
 }
 } // namespace
 
@@ -82,96 +113,100 @@ bool CCorvaneAttrib::LoadFromFile(CCorvaneRecord& record, CCorvaneAttrib* parent
                                   const CUnicodeFileParse_ReadOnly& parser, std::size_t section)
 {
     const CRef<CCorvaneRecord> keepAlive(&record);
-    Clear();
+    ClearMarks();
     ZRASSERT_MSG(!m_pParentRecord, "m_pParentRecord == NULL");
     SetParentRecord(&record);
     SetParentAttrib(parentAttrib);
-    LoadMarks(parser, section);
     if (m_pAttribData)
         m_nBuild = m_pAttribData->GetBuild();
 
-    // Files that this program wrote hold the values in order; any other order is looked up.
-    std::size_t next = 0;
+    m_Values.Clear();
+    CMarkReader marks;
     bool inOrder = true;
     for (const SSectionKey& key : parser.GetKeys(section))
     {
-        if (!BeginsWithName(key.m_sName, kValuePrefix))
-            continue;
-        inOrder = inOrder && EqualNames(key.m_sName, CValueKey(next));
-        if (!inOrder)
-            break;
-        LoadValue(key.m_sValue, next++);
+        if (const unsigned mark = marks.Next(key.m_sName))
+            LoadMark(mark, key.m_sValue);
+        else if (inOrder && IsValueKey(key.m_sName))
+            inOrder = LoadNextValue(key);
     }
+    // Files that this program wrote hold the values in order; any other order is looked up.
     if (!inOrder)
-        LoadValuesByName(parser, section, next);
+        LoadValuesByName(parser, section);
+    FillDefaultValues();
     return true;
 }
 
 void CCorvaneAttrib::LoadMarks(const CUnicodeFileParse_ReadOnly& parser, std::size_t section)
 {
-    unsigned seen = 0;
+    CMarkReader marks;
     for (const SSectionKey& key : parser.GetKeys(section))
     {
-        const unsigned mark = FindMark(key.m_sName);
-        if (mark == 0 || (seen & mark) != 0)
-            continue; // The first key of a name counts.
-        seen |= mark;
-        if (mark == MarkLock)
-        {
-            m_bLocked = !key.m_sValue.empty();
-            if (m_bLocked)
-                GetExtra().m_sLockUser = key.m_sValue;
-            continue;
-        }
-        if (mark == MarkComment)
-        {
-            if (!key.m_sValue.empty())
-                GetExtra().m_sComment = DecodeMultiLine(key.m_sValue);
-            continue;
-        }
-        const bool on = ParseBoolean(key.m_sValue);
-        switch (mark)
-        {
-        case MarkInherit:
-            m_bInherit = on;
-            break;
-        case MarkPlaceHolder:
-            m_bPlaceHolder = on;
-            break;
-        case MarkTodo:
-            m_bTodo = on;
-            break;
-        case MarkModified:
-            m_bModified = on;
-            break;
-        default:
-            m_bOverride = on;
-            break;
-        }
+        if (const unsigned mark = marks.Next(key.m_sName))
+            LoadMark(mark, key.m_sValue);
     }
 }
 
-void CCorvaneAttrib::LoadValue(std::u16string_view text, std::size_t index)
+void CCorvaneAttrib::LoadMark(unsigned mark, std::u16string_view value)
 {
-    if (index < m_Values.GetCount())
-        m_Values.Set(index, text);
-    else
-        m_Values.Add(text);
+    switch (mark)
+    {
+    case MarkInherit:
+        m_bInherit = IsTrue(value);
+        break;
+    case MarkPlaceHolder:
+        m_bPlaceHolder = IsTrue(value);
+        break;
+    case MarkTodo:
+        m_bTodo = IsTrue(value);
+        break;
+    case MarkModified:
+        m_bModified = IsTrue(value);
+        break;
+    case MarkOverride:
+        m_bOverride = IsTrue(value);
+        break;
+    case MarkLock:
+        m_bLocked = !value.empty();
+        if (m_bLocked)
+            GetExtra().m_sLockUser = value;
+        break;
+    default:
+        if (!value.empty())
+            GetExtra().m_sComment = DecodeMultiLine(value);
+        break;
+    }
 }
 
-void CCorvaneAttrib::LoadValuesByName(const CUnicodeFileParse_ReadOnly& parser, std::size_t section,
-                                      std::size_t first)
+// False when the key is not that of the value after the last.
+bool CCorvaneAttrib::LoadNextValue(const SSectionKey& key)
+{
+    const CValueKey expected(m_Values.GetCount());
+    if (key.m_sName != std::u16string_view(expected) && !EqualNames(key.m_sName, expected))
+        return false;
+    m_Values.Add(key.m_sValue);
+    return true;
+}
+
+void CCorvaneAttrib::LoadValuesByName(const CUnicodeFileParse_ReadOnly& parser, std::size_t section)
 {
     std::unordered_map<std::u16string_view, std::u16string_view, CNameHash, CNameEqual> byName;
     for (const SSectionKey& key : parser.GetKeys(section))
         byName.emplace(key.m_sName, key.m_sValue);
-    for (std::size_t i = first;; ++i)
-    {
-        const auto found = byName.find(CValueKey(i));
-        if (found == byName.end())
-            return;
-        LoadValue(found->second, i);
-    }
+    m_Values.Clear();
+    for (auto found = byName.find(CValueKey(0)); found != byName.end();
+         found = byName.find(CValueKey(m_Values.GetCount())))
+        m_Values.Add(found->second);
+}
+
+// A fixed list keeps the default in the places that the file does not name.
+void CCorvaneAttrib::FillDefaultValues()
+{
+    if (!m_pAttribData)
+        return;
+    const auto count = static_cast<std::ptrdiff_t>(m_pAttribData->GetValues());
+    for (auto i = static_cast<std::ptrdiff_t>(m_Values.GetCount()); i < count; ++i)
+        m_Values.Add(GetDefaultText());
 }
 
 bool CCorvaneAttrib::SaveMarks(IUnicodeFileParse& writer, std::u16string_view section) const

@@ -33,18 +33,8 @@ bool CCorvaneType::Init(std::u16string_view defaultText, CCorvaneSchemaAttribDat
 void CCorvaneType::Clear()
 {
     CCorvaneAttrib::Clear();
-    const CCorvaneAttrib* source = GetDefault();
-    if (source == nullptr || source == this || GetAttribData() == nullptr)
-        return;
-    const std::int32_t count = GetAttribData()->GetValues();
-    if (count < 1)
-        return;
-    const CCorvaneValueList& defaults = source->GetOwnValues();
-    const std::u16string_view text = defaults.GetCount() > 0 ? defaults.Get(0) : std::u16string_view(u"");
-    CCorvaneValueList values;
-    for (std::int32_t i = 0; i < count; ++i)
-        values.Add(text);
-    ReplaceValues(std::move(values));
+    if (GetDefault() != this)
+        FillDefaultValues();
 }
 
 bool CCorvaneType::AddValue(std::u16string_view text)

@@ -2,23 +2,61 @@
 
 #include <algorithm>
 #include <cstring>
+#include <new>
+#include <string>
 #include <utility>
+
+// A head, the end of each text as a count of units, then the units of all texts.
+struct CCorvaneValueList::SBlock
+{
+    std::uint32_t m_nCount = 0;
+    std::uint32_t m_nMaxCount = 0;
+    std::uint32_t m_nMaxUnits = 0;
+
+    static SBlock* Create(std::size_t maxCount, std::size_t maxUnits)
+    {
+        void* memory =
+            ::operator new(sizeof(SBlock) + maxCount * sizeof(std::uint32_t) + maxUnits * sizeof(char16_t));
+        SBlock* block = new (memory) SBlock;
+        block->m_nMaxCount = static_cast<std::uint32_t>(maxCount);
+        block->m_nMaxUnits = static_cast<std::uint32_t>(maxUnits);
+        return block;
+    }
+
+    // A copy with room for at least so much.
+    SBlock* Copy(std::size_t maxCount, std::size_t maxUnits) const
+    {
+        SBlock* copy = Create(std::max<std::size_t>(maxCount, m_nCount), std::max(maxUnits, GetUnits()));
+        copy->m_nCount = m_nCount;
+        std::copy_n(GetEnds(), m_nCount, copy->GetEnds());
+        std::copy_n(GetText(), GetUnits(), copy->GetText());
+        return copy;
+    }
+
+    std::uint32_t* GetEnds() { return reinterpret_cast<std::uint32_t*>(this + 1); }
+    const std::uint32_t* GetEnds() const { return reinterpret_cast<const std::uint32_t*>(this + 1); }
+    char16_t* GetText() { return reinterpret_cast<char16_t*>(GetEnds() + m_nMaxCount); }
+    const char16_t* GetText() const { return reinterpret_cast<const char16_t*>(GetEnds() + m_nMaxCount); }
+    std::size_t GetStart(std::size_t index) const { return index == 0 ? 0 : GetEnds()[index - 1]; }
+    std::size_t GetUnits() const { return GetStart(m_nCount); }
+    bool Holds(std::u16string_view text) const
+    {
+        return !text.empty() && text.data() >= GetText() && text.data() < GetText() + m_nMaxUnits;
+    }
+};
 
 CCorvaneValueList::CCorvaneValueList(const CCorvaneValueList& other)
     : m_nState(other.m_nState), m_nLength(other.m_nLength)
 {
     std::memcpy(m_Text, other.m_Text, sizeof m_Text);
-    if (m_nState != OnHeap)
-        return;
-    Heap* copy = new Heap(other.GetHeap());
-    std::memcpy(m_Text, &copy, sizeof copy);
+    if (m_nState == OnHeap)
+        SetBlock(other.GetBlock()->Copy(0, 0));
 }
 
 CCorvaneValueList::CCorvaneValueList(CCorvaneValueList&& other) noexcept
-    : m_nState(other.m_nState), m_nLength(other.m_nLength)
+    : m_nState(std::exchange(other.m_nState, std::uint8_t{Empty})), m_nLength(other.m_nLength)
 {
     std::memcpy(m_Text, other.m_Text, sizeof m_Text);
-    other.m_nState = Empty;
 }
 
 CCorvaneValueList& CCorvaneValueList::operator=(const CCorvaneValueList& other)
@@ -41,13 +79,16 @@ CCorvaneValueList& CCorvaneValueList::operator=(CCorvaneValueList&& other) noexc
 
 std::size_t CCorvaneValueList::GetCount() const
 {
-    return m_nState == OnHeap ? GetHeap().size() : m_nState;
+    return m_nState == OnHeap ? GetBlock()->m_nCount : m_nState;
 }
 
 std::u16string_view CCorvaneValueList::Get(std::size_t index) const
 {
-    return m_nState == OnHeap ? std::u16string_view(GetHeap()[index])
-                              : std::u16string_view(m_Text, m_nLength);
+    if (m_nState != OnHeap)
+        return {m_Text, m_nLength};
+    const SBlock& block = *GetBlock();
+    const std::size_t start = block.GetStart(index);
+    return {block.GetText() + start, block.GetEnds()[index] - start};
 }
 
 void CCorvaneValueList::Set(std::size_t index, std::u16string_view text)
@@ -55,38 +96,31 @@ void CCorvaneValueList::Set(std::size_t index, std::u16string_view text)
     if (m_nState == Inline && text.size() <= kInlineUnits)
         StoreInline(text);
     else
-        MoveToHeap()[index] = text;
+        Splice(index, 1, 1, text);
 }
 
 void CCorvaneValueList::Add(std::u16string_view text)
 {
     if (m_nState == Empty && text.size() <= kInlineUnits)
-    {
         StoreInline(text);
-        return;
-    }
-    std::u16string copy(text); // The text may lie in this list.
-    MoveToHeap().push_back(std::move(copy));
+    else
+        Splice(GetCount(), 0, 1, text);
 }
 
 void CCorvaneValueList::Insert(std::size_t index, std::u16string_view text)
 {
-    const std::u16string copy(text); // The text may lie in this list.
-    Heap& heap = MoveToHeap();
-    heap.insert(heap.begin() + static_cast<std::ptrdiff_t>(index), copy);
+    if (m_nState == Empty)
+        Add(text);
+    else
+        Splice(index, 0, 1, text);
 }
 
 void CCorvaneValueList::Remove(std::size_t index)
 {
-    if (m_nState != OnHeap)
-    {
+    if (GetCount() == 1)
         Clear();
-        return;
-    }
-    Heap& heap = GetHeap();
-    heap.erase(heap.begin() + static_cast<std::ptrdiff_t>(index));
-    if (heap.empty())
-        Clear();
+    else
+        Splice(index, 1, 0, {});
 }
 
 void CCorvaneValueList::Clear()
@@ -96,28 +130,76 @@ void CCorvaneValueList::Clear()
     m_nLength = 0;
 }
 
-CCorvaneValueList::Heap& CCorvaneValueList::GetHeap() const
+void CCorvaneValueList::Splice(std::size_t index, std::size_t removed, std::size_t inserted,
+                               std::u16string_view text)
 {
-    Heap* heap = nullptr;
-    std::memcpy(&heap, m_Text, sizeof heap);
-    return *heap;
+    const bool own = m_nState == OnHeap ? GetBlock()->Holds(text)
+                                        : text.data() >= m_Text && text.data() < m_Text + kInlineUnits;
+    const std::u16string copy(own ? text : std::u16string_view());
+    if (own)
+        text = copy;
+    MoveToHeap(text.size());
+    SBlock& block = *GetBlock();
+    const std::size_t start = block.GetStart(index);
+    const std::size_t oldEnd = block.GetStart(index + removed);
+    const std::size_t newEnd = start + text.size();
+    std::memmove(block.GetText() + newEnd, block.GetText() + oldEnd,
+                 (block.GetUnits() - oldEnd) * sizeof(char16_t));
+    std::copy(text.begin(), text.end(), block.GetText() + start);
+
+    std::uint32_t* ends = block.GetEnds();
+    std::memmove(ends + index + inserted, ends + index + removed,
+                 (block.m_nCount - index - removed) * sizeof *ends);
+    block.m_nCount = static_cast<std::uint32_t>(block.m_nCount - removed + inserted);
+    for (std::size_t i = index + inserted; i < block.m_nCount; ++i)
+        ends[i] = static_cast<std::uint32_t>(ends[i] + newEnd - oldEnd);
+    if (inserted != 0)
+        ends[index] = static_cast<std::uint32_t>(newEnd);
 }
 
-CCorvaneValueList::Heap& CCorvaneValueList::MoveToHeap()
+CCorvaneValueList::SBlock* CCorvaneValueList::GetBlock() const
 {
-    if (m_nState == OnHeap)
-        return GetHeap();
-    Heap* heap = new Heap;
-    if (m_nState == Inline)
-        heap->emplace_back(m_Text, m_nLength);
-    std::memcpy(m_Text, &heap, sizeof heap);
+    SBlock* block = nullptr;
+    std::memcpy(&block, m_Text, sizeof block);
+    return block;
+}
+
+void CCorvaneValueList::SetBlock(SBlock* block)
+{
+    std::memcpy(m_Text, &block, sizeof block);
     m_nState = OnHeap;
-    return *heap;
+}
+
+// Makes sure of a block with room for one more text of so many units. The first block is exact, since most
+// lists never grow; later ones double.
+void CCorvaneValueList::MoveToHeap(std::size_t moreUnits)
+{
+    if (m_nState != OnHeap)
+    {
+        SBlock* block = SBlock::Create(m_nState + std::size_t{1}, m_nLength + moreUnits);
+        if (m_nState == Inline)
+        {
+            block->m_nCount = 1;
+            block->GetEnds()[0] = m_nLength;
+            std::copy_n(m_Text, m_nLength, block->GetText());
+        }
+        SetBlock(block);
+        return;
+    }
+    SBlock* block = GetBlock();
+    const std::size_t units = block->GetUnits() + moreUnits;
+    if (block->m_nCount < block->m_nMaxCount && units <= block->m_nMaxUnits)
+        return;
+    const std::size_t count =
+        block->m_nCount < block->m_nMaxCount ? block->m_nMaxCount : block->m_nCount * 2U;
+    SetBlock(block->Copy(
+        count, std::max<std::size_t>(units, std::min(units * 2, block->m_nMaxUnits * std::size_t{2}))));
+    ::operator delete(block);
 }
 
 void CCorvaneValueList::StoreInline(std::u16string_view text)
 {
-    std::copy(text.begin(), text.end(), m_Text);
+    std::memmove(m_Text, text.data(), text.size() * sizeof(char16_t));
     m_nLength = static_cast<std::uint8_t>(text.size());
     m_nState = Inline;
 }
@@ -125,5 +207,5 @@ void CCorvaneValueList::StoreInline(std::u16string_view text)
 void CCorvaneValueList::FreeHeap()
 {
     if (m_nState == OnHeap)
-        delete &GetHeap();
+        ::operator delete(GetBlock());
 }

@@ -1,14 +1,12 @@
 // The values of one attribute, each a text in its type's form.
 //
-// One short value, the common case by far, lies inside the object; everything else goes to the heap. Views
-// that are handed out live until the list changes. Indices count from 0.
+// One short value, the common case by far, lies inside the object; everything else lies in one heap block,
+// all texts behind one another. Views that are handed out live until the list changes. Indices count from 0.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
-#include <string>
 #include <string_view>
-#include <vector>
 
 class CCorvaneValueList
 {
@@ -23,6 +21,7 @@ public:
     [[nodiscard]] std::size_t GetCount() const;
     // `index` must be below the count.
     [[nodiscard]] std::u16string_view Get(std::size_t index) const;
+    // Texts may lie in this very list.
     void Set(std::size_t index, std::u16string_view text);
     void Add(std::u16string_view text);
     // `index` may equal the count.
@@ -31,7 +30,7 @@ public:
     void Clear();
 
 private:
-    using Heap = std::vector<std::u16string>;
+    struct SBlock;
     static constexpr std::size_t kInlineUnits = 11;
     enum EState : std::uint8_t
     {
@@ -40,12 +39,15 @@ private:
         OnHeap
     };
 
-    [[nodiscard]] Heap& GetHeap() const;
-    Heap& MoveToHeap();
+    [[nodiscard]] SBlock* GetBlock() const;
+    void SetBlock(SBlock* block);
+    // Puts `inserted` texts (0 or 1) in the place of `removed` ones (0 or 1) at `index`.
+    void Splice(std::size_t index, std::size_t removed, std::size_t inserted, std::u16string_view text);
+    void MoveToHeap(std::size_t moreUnits);
     void StoreInline(std::u16string_view text);
     void FreeHeap();
 
-    // The heap pointer's bytes lie in m_Text while the state is OnHeap.
+    // The block's pointer lies in m_Text while the state is OnHeap.
     std::uint8_t m_nState = Empty;
     std::uint8_t m_nLength = 0;
     char16_t m_Text[kInlineUnits] = {};
