@@ -9,12 +9,15 @@
 #include "UnicodeFileParse_ReadOnly.h"
 #include "zrassert.h"
 
+#include <cstring>
 #include <iterator>
 #include <unordered_map>
 
 namespace
 {
 constexpr std::u16string_view kValuePrefix = u"Value.";
+constexpr std::u16string_view kTrue = u"True";
+constexpr std::u16string_view kFalse = u"False";
 
 // "Value.0000" upward, without a heap block.
 class CValueKey
@@ -36,6 +39,29 @@ private:
     char16_t m_Text[32];
     std::size_t m_nLength;
 };
+
+inline std::uint64_t LoadFour(const char16_t* units)
+{
+    std::uint64_t four = 0;
+    std::memcpy(&four, units, sizeof four);
+    return four;
+}
+
+// Same units, exactly. Names and flags are compared a few million times in a load, and all of them are short.
+inline bool IsSameText(std::u16string_view a, std::u16string_view b)
+{
+    const std::size_t size = a.size();
+    if (size != b.size())
+        return false;
+    if (size < 4)
+        return a == b;
+    for (std::size_t i = 0; i + 4 < size; i += 4)
+    {
+        if (LoadFour(a.data() + i) != LoadFour(b.data() + i))
+            return false;
+    }
+    return LoadFour(a.data() + size - 4) == LoadFour(b.data() + size - 4);
+}
 
 // The marks of a section, in the bits of a set.
 enum EMark : unsigned
@@ -69,7 +95,7 @@ public:
     unsigned Next(std::u16string_view name)
     {
         // Files that this program wrote hold the marks in this order, ahead of everything else.
-        if (m_nNext < std::size(kMarkNames) && name == kMarkNames[m_nNext].m_sName)
+        if (m_nNext < std::size(kMarkNames) && IsSameText(name, kMarkNames[m_nNext].m_sName))
             return Take(kMarkNames[m_nNext++].m_Mark);
         for (const SMarkName& mark : kMarkNames)
         {
@@ -93,12 +119,25 @@ private:
 
 bool IsValueKey(std::u16string_view name)
 {
-    return name.substr(0, kValuePrefix.size()) == kValuePrefix || BeginsWithName(name, kValuePrefix);
+    return IsSameText(name.substr(0, kValuePrefix.size()), kValuePrefix) ||
+           BeginsWithName(name, kValuePrefix);
+}
+
+// True for the key of value `index` in the form that this program writes.
+bool IsPlainValueKey(std::u16string_view name, std::size_t index)
+{
+    if (name.size() != kValuePrefix.size() + 4 ||
+        !IsSameText(name.substr(0, kValuePrefix.size()), kValuePrefix))
+        return false;
+    std::size_t number = 0;
+    for (const char16_t digit : name.substr(kValuePrefix.size()))
+        number = digit >= u'0' && digit <= u'9' ? number * 10 + (digit - u'0') : index + 1;
+    return number == index;
 }
 
 bool IsTrue(std::u16string_view text)
 {
-    return text == u"True" || (text != u"False" && ParseBoolean(text));
+    return IsSameText(text, kTrue) || (!IsSameText(text, kFalse) && ParseBoolean(text));
 }
 } // namespace
 
@@ -181,8 +220,8 @@ void CCorvaneAttrib::LoadMark(unsigned mark, std::u16string_view value)
 // False when the key is not that of the value after the last.
 bool CCorvaneAttrib::LoadNextValue(const SSectionKey& key)
 {
-    const CValueKey expected(m_Values.GetCount());
-    if (key.m_sName != std::u16string_view(expected) && !EqualNames(key.m_sName, expected))
+    const std::size_t next = m_Values.GetCount();
+    if (!IsPlainValueKey(key.m_sName, next) && !EqualNames(key.m_sName, CValueKey(next)))
         return false;
     m_Values.Add(key.m_sValue);
     return true;

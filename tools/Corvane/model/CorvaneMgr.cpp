@@ -65,11 +65,12 @@ bool CCorvaneMgr::AddSchemaFile(std::u16string_view path)
     return true;
 }
 
-bool CCorvaneMgr::AddRecordFile(std::u16string_view path, CCorvaneCategory& category)
+bool CCorvaneMgr::AddRecordFile(std::u16string_view path, CCorvaneCategory& category,
+                                const CRecordLayout* layout)
 {
     if (category.FindRecordByFile(path))
         return false;
-    const CRef<CCorvaneRecord> record = CCorvaneRecord::CreateFromFile(path, category);
+    const CRef<CCorvaneRecord> record = CCorvaneRecord::CreateFromFile(path, category, layout);
     if (!record)
         return false;
     record->GetCategory()->AddRecord(*record);

@@ -25,6 +25,7 @@
 #include <vector>
 
 class CCorvaneTypeMgr;
+class CRecordLayout;
 class CSourceGate;
 class CorvaneSchemaAttribDataMgr;
 class IProgress;
@@ -132,7 +133,8 @@ public:
     // there.
     CCorvaneCategory* AddCategory(CRef<CCorvaneCategory> category);
     bool AddSchemaFile(std::u16string_view path);
-    bool AddRecordFile(std::u16string_view path, CCorvaneCategory& category);
+    bool AddRecordFile(std::u16string_view path, CCorvaneCategory& category,
+                       const CRecordLayout* layout = nullptr);
     // Takes a record to another category of the tree without touching disk or source control.
     bool MoveRecordUnchecked(CCorvaneCategory* dest, CCorvaneRecord& record, bool silent);
 

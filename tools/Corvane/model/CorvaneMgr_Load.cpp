@@ -8,12 +8,14 @@
 #include "Path.h"
 #include "PointerIndex.h"
 #include "Profile.h"
+#include "RecordLayout.h"
 #include "RunState.h"
 #include "SourceGate.h"
 #include "UndoRecorder.h"
 #include "host/Questions.h"
 #include "zrassert.h"
 
+#include <optional>
 #include <utility>
 
 namespace
@@ -348,11 +350,13 @@ void CCorvaneMgr::EnumerateRecordFiles(CCorvaneCategory& category, IProgress& pr
     const std::vector<SDirectoryEntry> entries = ListDirectory(path, filter);
     if (category.GetSchema() == nullptr && !entries.empty())
         TellStrayRecords(path, entries.size());
+    const std::optional<CRecordLayout> layout =
+        category.GetSchema() ? std::optional<CRecordLayout>(*category.GetSchema()) : std::nullopt;
     for (const SDirectoryEntry& entry : entries)
     {
         path.resize(length);
         path += entry.m_sName;
-        AddRecordFile(path, category);
+        AddRecordFile(path, category, layout ? &*layout : nullptr);
         if (++count % 512 == 0)
             static_cast<void>(progress.Pump());
     }

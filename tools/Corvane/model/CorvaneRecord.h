@@ -15,6 +15,7 @@
 class CCorvaneCategory;
 class CCorvaneMgr;
 class CCorvaneSchema;
+class CRecordLayout;
 class CUnicodeFileParse_ReadOnly;
 class IRecordDocument;
 
@@ -34,7 +35,8 @@ public:
     // A record from its file. `category` is the system category; the record's own may be a virtual one below
     // it, which is made when it is missing. Null when the record is not part of the database.
     [[nodiscard]] static CRef<CCorvaneRecord> CreateFromFile(std::u16string_view path,
-                                                             CCorvaneCategory& category);
+                                                             CCorvaneCategory& category,
+                                                             const CRecordLayout* layout = nullptr);
     // Brings the record in line with its changed file; false leaves it as it is.
     [[nodiscard]] virtual bool ReloadFromFile();
     // Writes the record's file in its system category's directory. Without `force` an unmodified record is
@@ -101,7 +103,6 @@ public:
     CObserverList<CCorvaneAttrib&, std::size_t>& GetChangeObservers();
 
 private:
-    void ReadAttributes(const CUnicodeFileParse_ReadOnly& parser);
     void Renumber(std::size_t first);
     // True when this record is `record` or one of its ancestors.
     [[nodiscard]] bool IsAbove(const CCorvaneRecord& record) const;

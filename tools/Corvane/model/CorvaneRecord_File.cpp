@@ -7,6 +7,7 @@
 #include "FormatText.h"
 #include "NameCompare.h"
 #include "Path.h"
+#include "RecordLayout.h"
 #include "SourceFileWriter.h"
 #include "SourceGate.h"
 #include "host/Questions.h"
@@ -14,33 +15,54 @@
 
 #include <utility>
 
-namespace
+// A record's file, section by section: by position where the file has the expected layout, else by name.
+class CRecordSections
 {
-constexpr std::u16string_view kRecordSection = u"Record";
-constexpr std::u16string_view kHierarchySection = u"Hierarchy";
+public:
+    // `layout` may be null.
+    CRecordSections(const CUnicodeFileParse_ReadOnly& parser, const CRecordLayout* layout)
+        : m_Parser(parser), m_nFirst(layout ? layout->Match(parser) : -1)
+    {
+    }
 
-std::u16string_view ReadKey(const CUnicodeFileParse_ReadOnly& parser, std::u16string_view section,
-                            std::u16string_view key)
-{
-    const std::ptrdiff_t found = parser.FindSection(section);
-    return found < 0 ? std::u16string_view() : parser.FindValue(static_cast<std::size_t>(found), key);
-}
+    // Views without data for what is not there.
+    [[nodiscard]] std::u16string_view ReadHead(std::u16string_view key) const
+    {
+        return Read(m_nFirst > 0 ? 0 : m_Parser.FindSection(kRecordSection), key);
+    }
+    [[nodiscard]] std::u16string_view ReadParent() const
+    {
+        const std::ptrdiff_t section = m_nFirst > 0 ? m_nFirst - 1 : m_Parser.FindSection(kHierarchySection);
+        return section == 0 ? std::u16string_view() : Read(section, u"Record");
+    }
 
-std::ptrdiff_t FindAttributeSection(const CUnicodeFileParse_ReadOnly& parser, const CCorvaneAttrib& attrib)
-{
-    const CCorvaneSchemaAttribData* data = attrib.GetAttribData();
-    if (data == nullptr)
-        return -1;
-    const auto& byBuild = data->GetBuildSection();
-    const std::ptrdiff_t found = parser.FindSection(byBuild.m_sName, byBuild.m_nHash);
-    if (found >= 0 || data->GetBuild() != 0)
-        return found;
-    const auto& plain = data->GetPlainSection();
-    return parser.FindSection(plain.m_sName, plain.m_nHash);
-}
-} // namespace
+    // The section of attribute `index` of the record, or -1.
+    [[nodiscard]] std::ptrdiff_t Find(const CCorvaneAttrib& attrib, std::size_t index) const
+    {
+        const CCorvaneSchemaAttribData* data = attrib.GetAttribData();
+        if (m_nFirst > 0 || data == nullptr)
+            return data ? m_nFirst + static_cast<std::ptrdiff_t>(index) : -1;
+        const auto& byBuild = data->GetBuildSection();
+        const std::ptrdiff_t found = m_Parser.FindSection(byBuild.m_sName, byBuild.m_nHash);
+        if (found >= 0 || data->GetBuild() != 0)
+            return found;
+        const auto& plain = data->GetPlainSection();
+        return m_Parser.FindSection(plain.m_sName, plain.m_nHash);
+    }
 
-CRef<CCorvaneRecord> CCorvaneRecord::CreateFromFile(std::u16string_view path, CCorvaneCategory& category)
+private:
+    [[nodiscard]] std::u16string_view Read(std::ptrdiff_t section, std::u16string_view key) const
+    {
+        return section < 0 ? std::u16string_view()
+                           : m_Parser.FindValue(static_cast<std::size_t>(section), key);
+    }
+
+    const CUnicodeFileParse_ReadOnly& m_Parser;
+    std::ptrdiff_t m_nFirst; // Section of the first attribute, or -1 for a file that is read by name.
+};
+
+CRef<CCorvaneRecord> CCorvaneRecord::CreateFromFile(std::u16string_view path, CCorvaneCategory& category,
+                                                    const CRecordLayout* layout)
 {
     CCorvaneMgr& manager = category.GetManager();
     if (category.GetSchema() == nullptr)
@@ -52,44 +74,41 @@ CRef<CCorvaneRecord> CCorvaneRecord::CreateFromFile(std::u16string_view path, CC
     if (!ImportSourceFile(manager, parser, path, u"Invalid Record File Format", u"record"))
         return nullptr;
 
-    const std::u16string_view offset = ReadKey(parser, kRecordSection, u"VirtualRelativeCategory");
+    const CRecordSections sections(parser, layout);
+    const std::u16string_view offset = sections.ReadHead(u"VirtualRelativeCategory");
     CCorvaneCategory* target = manager.GetVirtualRelativeCategory(&category, offset);
     if (target == nullptr || target->FindRecordByFile(path) != nullptr)
         return nullptr;
-    if (!EqualNames(ReadKey(parser, kRecordSection, u"Schema"), category.GetSchema()->GetName()))
+    if (!EqualNames(sections.ReadHead(u"Schema"), category.GetSchema()->GetName()))
         return nullptr;
 
     CRef<CCorvaneRecord> record = category.GetSchema()->CloneRecordFromTemplate();
     if (!record)
         return nullptr;
     ZRASSERT_MSG(!record->m_pParent, "pRecord->m_pParent == NULL");
-    record->m_sName = ReadKey(parser, kRecordSection, u"Name");
-    if (const std::u16string_view comment = ReadKey(parser, kRecordSection, u"Comment"); !comment.empty())
+    record->m_sName = sections.ReadHead(u"Name");
+    if (const std::u16string_view comment = sections.ReadHead(u"Comment"); !comment.empty())
         record->m_sComment = DecodeMultiLine(comment);
     record->m_pCategory = CRef<CCorvaneCategory>(target);
-    record->m_sHierarchy = ReadKey(parser, kHierarchySection, u"Record");
+    record->m_sHierarchy = sections.ReadParent();
     record->m_sFile = path;
     record->m_Stamp = parser.GetFileInfo().m_Stamp;
-    record->ReadAttributes(parser);
-    return record;
-}
 
-void CCorvaneRecord::ReadAttributes(const CUnicodeFileParse_ReadOnly& parser)
-{
     // From the last to the first: an entry without a section takes the values of the next older one, which
     // has been read by then.
-    for (std::size_t i = m_Attribs.size(); i-- > 0;)
+    for (std::size_t i = record->m_Attribs.size(); i-- > 0;)
     {
-        CCorvaneAttrib& attrib = *m_Attribs[i];
-        const std::ptrdiff_t section = FindAttributeSection(parser, attrib);
+        CCorvaneAttrib& attrib = *record->m_Attribs[i];
+        const std::ptrdiff_t section = sections.Find(attrib, i);
         if (section >= 0)
         {
-            attrib.LoadFromFile(*this, nullptr, parser, static_cast<std::size_t>(section));
+            attrib.LoadFromFile(*record, nullptr, parser, static_cast<std::size_t>(section));
             continue;
         }
         CopyValuesFromOlderBuild(attrib);
         attrib.SetInherit(true, false);
     }
+    return record;
 }
 
 bool CopyValuesFromOlderBuild(CCorvaneAttrib& attrib)
@@ -111,22 +130,22 @@ bool CCorvaneRecord::ReloadFromFile()
     CUnicodeFileParse_ReadOnly parser(m_Manager.GetContext().m_Files);
     if (!parser.Import(m_sFile, 0))
         return false;
+    const CRecordSections sections(parser, nullptr);
     const CRef<CCorvaneRecord> keepAlive(this);
     SetFlag(RECORD_FLAG_MODIFIED, false);
 
     CCorvaneCategory* system = m_Manager.GetCategoryForRecord(this);
-    const std::u16string_view offset = ReadKey(parser, kRecordSection, u"VirtualRelativeCategory");
+    const std::u16string_view offset = sections.ReadHead(u"VirtualRelativeCategory");
     CCorvaneCategory* target = system ? m_Manager.GetVirtualRelativeCategory(system, offset) : nullptr;
     if (target && target != GetCategory())
         m_Manager.MoveRecordUnchecked(target, *this, true);
     SetFlag(RECORD_FLAG_MODIFIED, false);
 
-    const std::u16string old =
-        std::exchange(m_sName, std::u16string(ReadKey(parser, kRecordSection, u"Name")));
+    const std::u16string old = std::exchange(m_sName, std::u16string(sections.ReadHead(u"Name")));
     if (m_pCategory)
         m_pCategory->OnRecordNamed(*this, old);
-    m_sComment = DecodeMultiLine(ReadKey(parser, kRecordSection, u"Comment"));
-    if (const std::u16string_view parent = ReadKey(parser, kHierarchySection, u"Record"); parent.data())
+    m_sComment = DecodeMultiLine(sections.ReadHead(u"Comment"));
+    if (const std::u16string_view parent = sections.ReadParent(); parent.data())
         m_sHierarchy = parent;
     m_Stamp = parser.GetFileInfo().m_Stamp;
 
