@@ -16,14 +16,18 @@ struct SOrderKey
 
 void SortDirectoryEntries(std::vector<SDirectoryEntry>& entries)
 {
-    std::u16string pool;
+    std::size_t total = 0;
+    for (const SDirectoryEntry& entry : entries)
+        total += entry.m_sName.size();
+    std::u16string pool(total, u'\0');
     std::vector<SOrderKey> keys;
     keys.reserve(entries.size());
+    std::size_t offset = 0;
     for (const SDirectoryEntry& entry : entries)
     {
-        keys.push_back({pool.size(), keys.size()});
-        for (const char16_t unit : entry.m_sName)
-            pool += FoldUnit(unit);
+        keys.push_back({offset, keys.size()});
+        FoldUnits(entry.m_sName.data(), entry.m_sName.size(), pool.data() + offset);
+        offset += entry.m_sName.size();
     }
     // Folding keeps lengths, so that an entry's own length is that of its folded name.
     const auto folded = [&](const SOrderKey& key)

@@ -38,22 +38,24 @@ std::uint64_t FoldAsciiWord(std::uint64_t word)
     return word | ((fromA & ~behindZ & EveryUnit(0x80)) >> 2U);
 }
 
-std::uint64_t FoldWord(std::uint64_t word)
+[[gnu::noinline]] std::uint64_t FoldOtherWord(std::uint64_t word)
 {
-    if (IsAsciiWord(word))
-        return FoldAsciiWord(word);
     std::uint64_t folded = 0;
     for (unsigned shift = 0; shift < 64; shift += 16)
         folded |= std::uint64_t{FoldUnit(static_cast<char16_t>(word >> shift))} << shift;
     return folded;
 }
 
-// The last one to three units of a text, padded with zero units.
-std::uint64_t LoadTail(const char16_t* units, std::size_t count)
+std::uint64_t FoldWord(std::uint64_t word)
 {
-    std::uint64_t word = 0;
-    std::memcpy(&word, units, count * sizeof(char16_t));
-    return word;
+    return IsAsciiWord(word) ? FoldAsciiWord(word) : FoldOtherWord(word);
+}
+
+// A text of one to three units, padded with zero units.
+std::uint64_t LoadShort(const char16_t* units, std::size_t count)
+{
+    const std::uint64_t ends = units[0] | std::uint64_t{units[count - 1]} << 32U;
+    return ends | std::uint64_t{units[count / 2]} << 16U;
 }
 
 std::uint64_t Mix(std::uint64_t hash, std::uint64_t word)
@@ -62,10 +64,19 @@ std::uint64_t Mix(std::uint64_t hash, std::uint64_t word)
     return hash ^ (hash >> 32U);
 }
 
-int CompareFolded(std::u16string_view a, std::u16string_view b)
+// Cases of one letter differ in one bit alone, so that most unlike words are told apart without folding.
+bool EqualWords(std::uint64_t a, std::uint64_t b)
 {
-    const std::size_t common = std::min(a.size(), b.size());
-    for (std::size_t i = 0; i < common; ++i)
+    if (a == b)
+        return true;
+    if (!IsAsciiWord(a | b))
+        return FoldWord(a) == FoldWord(b);
+    return ((a ^ b) & ~EveryUnit(0x20)) == 0 && FoldAsciiWord(a) == FoldAsciiWord(b);
+}
+
+int CompareFoldedUnits(const char16_t* a, const char16_t* b, std::size_t count)
+{
+    for (std::size_t i = 0; i < count; ++i)
     {
         if (a[i] == b[i])
             continue;
@@ -73,25 +84,20 @@ int CompareFolded(std::u16string_view a, std::u16string_view b)
         if (difference != 0)
             return difference;
     }
-    if (a.size() == b.size())
-        return 0;
-    return a.size() < b.size() ? -1 : 1;
+    return 0;
 }
 
-bool EqualUnits(const char16_t* a, const char16_t* b, std::size_t count)
+int CompareFolded(std::u16string_view a, std::u16string_view b)
 {
-    for (; count >= kUnitsPerWord; count -= kUnitsPerWord, a += kUnitsPerWord, b += kUnitsPerWord)
-    {
-        const std::uint64_t wordA = LoadWord(a);
-        const std::uint64_t wordB = LoadWord(b);
-        if (wordA != wordB && FoldWord(wordA) != FoldWord(wordB))
-            return false;
-    }
-    if (count == 0)
-        return true;
-    const std::uint64_t tailA = LoadTail(a, count);
-    const std::uint64_t tailB = LoadTail(b, count);
-    return tailA == tailB || FoldWord(tailA) == FoldWord(tailB);
+    const std::size_t common = std::min(a.size(), b.size());
+    std::size_t start = 0;
+    while (start + kUnitsPerWord <= common &&
+           EqualWords(LoadWord(a.data() + start), LoadWord(b.data() + start)))
+        start += kUnitsPerWord;
+    const int difference = CompareFoldedUnits(a.data() + start, b.data() + start, common - start);
+    if (difference != 0 || a.size() == b.size())
+        return difference;
+    return a.size() < b.size() ? -1 : 1;
 }
 } // namespace
 
@@ -102,6 +108,17 @@ char16_t FoldUnit(char16_t unit)
     return static_cast<char16_t>(u_foldCase(unit, U_FOLD_CASE_DEFAULT));
 }
 
+void FoldUnits(const char16_t* units, std::size_t count, char16_t* out)
+{
+    std::size_t start = 0;
+    for (; start + kUnitsPerWord <= count; start += kUnitsPerWord)
+    {
+        const std::uint64_t folded = FoldWord(LoadWord(units + start));
+        std::memcpy(out + start, &folded, sizeof folded);
+    }
+    std::transform(units + start, units + count, out + start, FoldUnit);
+}
+
 int ZRStrICmp(std::u16string_view a, std::u16string_view b)
 {
     ZRASSERT(a.data());
@@ -109,26 +126,32 @@ int ZRStrICmp(std::u16string_view a, std::u16string_view b)
     return CompareFolded(a, b);
 }
 
-bool EqualNames(std::u16string_view a, std::u16string_view b)
+// The last word overlaps the one in front of it, so that only texts shorter than a word need a load of their
+// own.
+bool EqualUnits(const char16_t* a, const char16_t* b, std::size_t count)
 {
-    return a.size() == b.size() && EqualUnits(a.data(), b.data(), a.size());
-}
-
-bool BeginsWithName(std::u16string_view text, std::u16string_view prefix)
-{
-    return text.size() >= prefix.size() && EqualUnits(text.data(), prefix.data(), prefix.size());
+    if (count < kUnitsPerWord)
+        return count == 0 || EqualWords(LoadShort(a, count), LoadShort(b, count));
+    const std::size_t last = count - kUnitsPerWord;
+    for (std::size_t start = 0; start < last; start += kUnitsPerWord)
+    {
+        if (!EqualWords(LoadWord(a + start), LoadWord(b + start)))
+            return false;
+    }
+    return EqualWords(LoadWord(a + last), LoadWord(b + last));
 }
 
 std::size_t HashName(std::u16string_view name)
 {
     const char16_t* units = name.data();
-    std::size_t left = name.size();
-    std::uint64_t hash = left;
-    for (; left >= kUnitsPerWord; left -= kUnitsPerWord, units += kUnitsPerWord)
-        hash = Mix(hash, FoldWord(LoadWord(units)));
-    if (left != 0)
-        hash = Mix(hash, FoldWord(LoadTail(units, left)));
-    return Mix(hash, 0);
+    const std::size_t count = name.size();
+    if (count < kUnitsPerWord)
+        return Mix(count, count == 0 ? 0 : FoldWord(LoadShort(units, count)));
+    const std::size_t last = count - kUnitsPerWord;
+    std::uint64_t hash = count;
+    for (std::size_t start = 0; start < last; start += kUnitsPerWord)
+        hash = Mix(hash, FoldWord(LoadWord(units + start)));
+    return Mix(hash, FoldWord(LoadWord(units + last)));
 }
 
 bool NameOrder(std::u16string_view a, std::u16string_view b)

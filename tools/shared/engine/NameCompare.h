@@ -15,11 +15,23 @@
 // broken assumption and fires an assertion; it compares as the empty text.
 [[nodiscard]] int ZRStrICmp(std::u16string_view a, std::u16string_view b);
 
+// Whether `count` units of both are equal without regard to case.
+[[nodiscard]] bool EqualUnits(const char16_t* a, const char16_t* b, std::size_t count);
+
+// The folded forms of `count` units.
+void FoldUnits(const char16_t* units, std::size_t count, char16_t* out);
+
 // Same answer as ZRStrICmp(a, b) == 0, faster, and without the assertion.
-[[nodiscard]] bool EqualNames(std::u16string_view a, std::u16string_view b);
+[[nodiscard]] inline bool EqualNames(std::u16string_view a, std::u16string_view b)
+{
+    return a.size() == b.size() && EqualUnits(a.data(), b.data(), a.size());
+}
 
 // True when `text` begins with `prefix` without regard to case.
-[[nodiscard]] bool BeginsWithName(std::u16string_view text, std::u16string_view prefix);
+[[nodiscard]] inline bool BeginsWithName(std::u16string_view text, std::u16string_view prefix)
+{
+    return text.size() >= prefix.size() && EqualUnits(text.data(), prefix.data(), prefix.size());
+}
 
 // Equal names have equal hashes. The value is stable within a run only and is never stored.
 [[nodiscard]] std::size_t HashName(std::u16string_view name);

@@ -99,6 +99,32 @@ double ToDouble(const std::string& number)
     return value;
 }
 
+// Reads a text that is nothing but a few digits with perhaps a point. Digits and power of ten are exact in a
+// double, so that the one division rounds as the full conversion does.
+bool ParseShortDecimal(std::u16string_view text, double& value)
+{
+    constexpr std::array kPowers{1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+    std::uint64_t number = 0;
+    std::size_t digits = 0;
+    std::size_t fraction = 0;
+    bool point = false;
+    for (const char16_t unit : text)
+    {
+        if (unit == u'.' && !point)
+        {
+            point = true;
+            continue;
+        }
+        if (!IsDigit(unit) || ++digits == kPowers.size())
+            return false;
+        number = number * 10 + (unit - u'0');
+        fraction += point ? 1 : 0;
+    }
+    value = static_cast<double>(number) / kPowers[fraction];
+    return digits != 0;
+}
+
 std::u16string Widen(const char* first, const char* last)
 {
     return {first, last};
@@ -122,9 +148,11 @@ float ParseFloat(std::u16string_view text)
 {
     SkipBlanks(text);
     const bool negative = TakeSign(text);
-    const std::string number = TakeDecimal(text);
+    double number = 0;
+    if (!ParseShortDecimal(text, number))
+        number = ToDouble(TakeDecimal(text));
     constexpr double kLargest = std::numeric_limits<float>::max();
-    const auto value = static_cast<float>(std::min(ToDouble(number), kLargest));
+    const auto value = static_cast<float>(std::min(number, kLargest));
     return negative ? -value : value;
 }
 

@@ -52,9 +52,11 @@ public:
 private:
     struct SSlot
     {
-        std::size_t hash = 0;
+        std::uint32_t hash = 0;   // The half that does not choose the slot.
         std::uint32_t number = 0; // The section's number from 1; 0 marks a free slot.
     };
+
+    static std::uint32_t HighHalf(std::size_t hash) { return static_cast<std::uint32_t>(hash >> 32U); }
 
     template <class NameOf>
     [[nodiscard]] std::size_t FindSlot(std::u16string_view name, std::size_t hash, NameOf nameOf) const
@@ -63,7 +65,7 @@ private:
         std::size_t slot = hash & mask;
         while (m_Slots[slot].number != 0)
         {
-            if (m_Slots[slot].hash == hash && EqualNames(nameOf(m_Slots[slot].number - 1), name))
+            if (m_Slots[slot].hash == HighHalf(hash) && EqualNames(nameOf(m_Slots[slot].number - 1), name))
                 break;
             slot = (slot + 1) & mask;
         }
@@ -76,7 +78,7 @@ private:
         const std::size_t hash = HashName(name);
         SSlot& slot = m_Slots[FindSlot(name, hash, nameOf)];
         if (slot.number == 0)
-            slot = {hash, static_cast<std::uint32_t>(section + 1)};
+            slot = {HighHalf(hash), static_cast<std::uint32_t>(section + 1)};
     }
 
     std::vector<SSlot> m_Slots;

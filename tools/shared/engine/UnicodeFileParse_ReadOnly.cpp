@@ -19,6 +19,11 @@ std::u16string_view CutAtZero(std::u16string_view text)
     return text.substr(0, std::min(text.find(u'\0'), text.size()));
 }
 
+std::u16string_view Slice(std::u16string_view text, std::size_t begin, std::size_t end)
+{
+    return {text.data() + begin, end - begin};
+}
+
 std::u16string_view GetUnits(const CFileBuffer& buffer)
 {
     const std::span<const std::byte> bytes = buffer.GetBytes();
@@ -57,7 +62,6 @@ void CUnicodeFileParse_ReadOnly::Clear()
 {
     m_Sections.clear();
     m_Keys.clear();
-    m_bHasZeros = false;
     m_Index.Drop();
 }
 
@@ -176,59 +180,41 @@ std::u16string_view CUnicodeFileParse_ReadOnly::FindText(std::u16string_view sec
     return found < 0 ? std::u16string_view() : FindValue(static_cast<std::size_t>(found), name);
 }
 
-// Walks over the line ends and the first '=' of each line, which the scanner finds a block at a time.
 void CUnicodeFileParse_ReadOnly::ParseLines(std::u16string_view text)
 {
-    constexpr std::size_t kNone = std::u16string_view::npos;
-    std::size_t start = 0;
-    std::size_t equals = kNone;
-    for (std::size_t block = 0; block < text.size(); block += kLineBlock)
-    {
-        const bool whole = text.size() - block >= kLineBlock;
-        const SLineMarks marks =
-            whole ? FindLineMarks(text.data() + block) : FindLineMarks(text.substr(block));
-        m_bHasZeros = m_bHasZeros || marks.zeros != 0;
-        for (std::uint32_t left = marks.ends | marks.equals; left != 0; left &= left - 1)
-        {
-            const std::size_t position = block + static_cast<std::size_t>(std::countr_zero(left));
-            if (text[position] == u'=')
-            {
-                equals = std::min(equals, position - start);
-                continue;
-            }
-            if (position == start && text[position] == kUnicodeEnd)
-                return;
-            AddLine(text.substr(start, position - start), equals);
-            start = position + 1;
-            equals = kNone;
-        }
-    }
-    AddLine(text.substr(start), equals);
+    ForEachLine(text, [this, text](const SScannedLine& line) { AddLine(text, line); });
+    CloseSection();
 }
 
-void CUnicodeFileParse_ReadOnly::AddLine(std::u16string_view line, std::size_t equals)
+inline void CUnicodeFileParse_ReadOnly::AddLine(std::u16string_view text, const SScannedLine& line)
 {
-    if (line.empty() || line.front() == u';')
-        return;
-    const bool isSection = line.front() == u'[';
-    if (!isSection && (equals == std::u16string_view::npos || m_Sections.empty()))
-        return;
-    std::u16string_view name = line.substr(0, equals);
-    std::u16string_view value;
-    if (isSection)
-        name = line.substr(1, std::max(line.size(), std::size_t{2}) - 2);
-    else
-        value = line.substr(equals + 1);
-    if (m_bHasZeros)
+    const char16_t first = text[line.begin];
+    if (first == u'[')
     {
-        name = CutAtZero(name);
-        value = CutAtZero(value);
-    }
-    if (isSection)
-    {
-        m_Sections.push_back({name, static_cast<std::uint32_t>(m_Keys.size()), 0});
+        // The last unit is taken for the closing bracket, whatever it is.
+        AddSection(Slice(text, line.begin + 1, std::max(line.end - 1, line.begin + 1)), line.mayHoldZero);
         return;
     }
-    m_Keys.push_back({name, value});
-    ++m_Sections.back().m_nKeyCount;
+    if (first == u';' || line.equals >= line.end || m_Sections.empty())
+        return;
+    SSectionKey& key = m_Keys.emplace_back(
+        SSectionKey{Slice(text, line.begin, line.equals), Slice(text, line.equals + 1, line.end)});
+    if (line.mayHoldZero)
+        key = {CutAtZero(key.m_sName), CutAtZero(key.m_sValue)};
+}
+
+void CUnicodeFileParse_ReadOnly::AddSection(std::u16string_view name, bool mayHoldZero)
+{
+    CloseSection();
+    m_Sections.push_back(
+        {mayHoldZero ? CutAtZero(name) : name, static_cast<std::uint32_t>(m_Keys.size()), 0});
+}
+
+// The keys since the last section's head are that section's.
+void CUnicodeFileParse_ReadOnly::CloseSection()
+{
+    if (m_Sections.empty())
+        return;
+    SSection& last = m_Sections.back();
+    last.m_nKeyCount = static_cast<std::uint32_t>(m_Keys.size()) - last.m_nFirstKey;
 }

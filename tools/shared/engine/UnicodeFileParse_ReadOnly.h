@@ -10,6 +10,8 @@
 
 #include <vector>
 
+struct SScannedLine;
+
 struct SSectionKey
 {
     std::u16string_view m_sName;
@@ -74,15 +76,15 @@ private:
     };
 
     void ParseLines(std::u16string_view text);
-    // `equals` is the offset of the first '=' in the line, or npos.
-    void AddLine(std::u16string_view line, std::size_t equals);
+    void AddLine(std::u16string_view text, const SScannedLine& line);
+    void AddSection(std::u16string_view name, bool mayHoldZero);
+    void CloseSection();
 
     IFileSystem& m_Files;
     CFileBuffer m_Buffer;
     std::vector<SSection> m_Sections;
     std::vector<SSectionKey> m_Keys;
     SFileInfo m_Info;
-    bool m_bHasZeros = false; // A zero unit has been met, so that texts must be looked at for one.
     // Built at the first look-up in a file with many sections.
     mutable CSectionIndex m_Index;
 };
