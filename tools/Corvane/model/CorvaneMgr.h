@@ -22,6 +22,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 class CCorvaneTypeMgr;
@@ -30,6 +31,7 @@ class CSourceGate;
 class CorvaneSchemaAttribDataMgr;
 class IProgress;
 class IUndoRecorder;
+struct SSourceDirectory;
 template <class T> class CPointerIndex;
 
 // What the root file says.
@@ -175,25 +177,21 @@ public:
 private:
     friend class CCorvaneCategory;
     friend class CCorvaneSchema;
-    struct SWalkedDirectory;
 
     [[nodiscard]] bool FailOpen();
     [[nodiscard]] bool ConnectSourceControl();
     void ReadPerUserFile();
     // The user's own choice of the active build; none leaves it as it is.
     void ApplyStoredBuild();
+    // Which directory each category was loaded from.
+    using CategoryDirectories = std::unordered_map<const CCorvaneCategory*, SSourceDirectory*>;
     void LoadTree();
-    [[nodiscard]] std::vector<SWalkedDirectory> BeginWalk();
-    void EnumerateSchemaFiles(std::u16string_view directory, std::vector<SWalkedDirectory>& above);
-    void EnumerateCategoryFiles(std::u16string_view directory, CCorvaneCategory* parent,
-                                std::vector<SWalkedDirectory>& above);
-    void EnumerateRecordFiles(CCorvaneCategory& category, IProgress& progress);
-    [[nodiscard]] bool EnterDirectory(const SDirectoryEntry& entry, std::u16string_view path,
-                                      std::vector<SWalkedDirectory>& above, bool tell);
-    void LoadRecords(IProgress& progress);
+    void LoadSchemas(const SSourceDirectory& directory);
+    void LoadCategories(SSourceDirectory& directory, CCorvaneCategory* parent,
+                        CategoryDirectories& directories);
+    void LoadAllRecords(const CategoryDirectories& directories, IProgress& progress);
+    void LoadRecords(CCorvaneCategory& category, std::span<const std::u16string> names, IProgress& progress);
     void TellStrayRecords(std::u16string_view directory, std::size_t count);
-    [[nodiscard]] std::vector<SDirectoryEntry> ListDirectory(std::u16string_view directory,
-                                                             const SDirectoryFilter& filter);
     [[nodiscard]] static std::u16string_view CutBehindLastSeparator(std::u16string_view path);
     void ReplacePostBuildTokens();
     [[nodiscard]] bool AskSaveChanges();

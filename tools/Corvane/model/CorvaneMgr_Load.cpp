@@ -11,6 +11,7 @@
 #include "RecordLayout.h"
 #include "RunState.h"
 #include "SourceGate.h"
+#include "SourceTree.h"
 #include "UndoRecorder.h"
 #include "host/Questions.h"
 #include "zrassert.h"
@@ -48,13 +49,6 @@ std::u16string_view CutLastElement(std::u16string_view path)
     return path.substr(0, cut);
 }
 } // namespace
-
-// A directory on the way from the root to the place that is being walked.
-struct CCorvaneMgr::SWalkedDirectory
-{
-    std::uint64_t m_nDevice = 0;
-    std::uint64_t m_nNode = 0;
-};
 
 bool CCorvaneMgr::OpenDatabase(std::u16string_view path)
 {
@@ -205,21 +199,24 @@ void CCorvaneMgr::ReadPerUserFile()
 void CCorvaneMgr::LoadTree()
 {
     const std::unique_ptr<IProgress> progress = m_Context.m_Questions.CreateProgress(u"Open Database");
-    std::vector<SWalkedDirectory> above = BeginWalk();
+    progress->SetText(u"Reading Directories...");
+    const std::unique_ptr<SSourceDirectory> tree =
+        ReadSourceTree(m_Context.m_Files, m_Context.m_Questions, m_sDirectory);
     progress->SetText(u"Loading Schemas...");
     Notify(CCorvaneEvent(ECorvaneEvent::SchemasLoadBegin));
-    EnumerateSchemaFiles(m_sDirectory, above);
+    LoadSchemas(*tree);
     ConnectSchemaParents();
     Notify(CCorvaneEvent(ECorvaneEvent::SchemasLoadEnd));
 
     progress->SetText(u"Loading Categories...");
     Notify(CCorvaneEvent(ECorvaneEvent::CategoriesLoadBegin));
-    EnumerateCategoryFiles(m_sDirectory, nullptr, above);
+    CategoryDirectories directories;
+    LoadCategories(*tree, nullptr, directories);
     Notify(CCorvaneEvent(ECorvaneEvent::CategoriesLoadEnd));
 
     progress->SetText(u"Loading Records...");
     Notify(CCorvaneEvent(ECorvaneEvent::RecordsLoadBegin));
-    LoadRecords(*progress);
+    LoadAllRecords(directories, *progress);
     for (const CRef<CCorvaneCategory>& category : m_RootCategories)
         ConnectHierarchalData(category.Get());
     for (const CRef<CCorvaneCategory>& category : m_RootCategories)
@@ -227,72 +224,14 @@ void CCorvaneMgr::LoadTree()
     Notify(CCorvaneEvent(ECorvaneEvent::RecordsLoadEnd));
 }
 
-// The root directory as its own parent lists it, so that a link back to it is known as one. Nothing when the
-// parent may not be read: the link is then found one turn later.
-std::vector<CCorvaneMgr::SWalkedDirectory> CCorvaneMgr::BeginWalk()
+void CCorvaneMgr::LoadSchemas(const SSourceDirectory& directory)
 {
-    const SDirectoryFilter filter{.m_bDirectories = true, .m_bFiles = false, .m_sExtension = {}};
-    const std::u16string_view root = WithoutLastSeparator(m_sDirectory);
-    const std::u16string_view name = GetFileNamePart(root);
-    std::vector<SDirectoryEntry> entries;
-    std::vector<SWalkedDirectory> above;
-    if (!m_Context.m_Files.ListDirectory(GetDirectoryPart(root), filter, entries).IsOk())
-        return above;
-    for (const SDirectoryEntry& entry : entries)
+    for (const SSourceDirectory::SEntry& entry : directory.m_Entries)
     {
-        if (above.empty() && entry.m_sName == name)
-            above.push_back({entry.m_nDevice, entry.m_nNode});
-    }
-    return above;
-}
-
-// True when `entry` does not lead back to a directory that is being walked, as a link may.
-bool CCorvaneMgr::EnterDirectory(const SDirectoryEntry& entry, std::u16string_view path,
-                                 std::vector<SWalkedDirectory>& above, bool tell)
-{
-    for (const SWalkedDirectory& directory : above)
-    {
-        if (directory.m_nNode != entry.m_nNode || directory.m_nDevice != entry.m_nDevice)
-            continue;
-        if (tell)
-            m_Context.m_Questions.Tell(
-                u"Directory Loop",
-                FormatText(u"The following directory leads back to a directory above it and "
-                           u"is left out.\n\n%s",
-                           path));
-        return false;
-    }
-    above.push_back({entry.m_nDevice, entry.m_nNode});
-    return true;
-}
-
-std::vector<SDirectoryEntry> CCorvaneMgr::ListDirectory(std::u16string_view directory,
-                                                        const SDirectoryFilter& filter)
-{
-    std::vector<SDirectoryEntry> entries;
-    const CFileError error = m_Context.m_Files.ListDirectory(directory, filter, entries);
-    if (!error.IsOk())
-        m_Context.m_Questions.Tell(
-            u"Directory Error",
-            FormatText(u"The following directory could not be read: %s.\n\n%s", error.GetText(), directory));
-    return entries;
-}
-
-void CCorvaneMgr::EnumerateSchemaFiles(std::u16string_view directory, std::vector<SWalkedDirectory>& above)
-{
-    const SDirectoryFilter filter{.m_bDirectories = true, .m_bFiles = true, .m_sExtension = u"schema"};
-    for (const SDirectoryEntry& entry : ListDirectory(directory, filter))
-    {
-        const std::u16string path = JoinPath(directory, entry.m_sName);
-        if (!entry.m_bDirectory)
-        {
-            AddSchemaFile(path);
-        }
-        else if (EnterDirectory(entry, path, above, true))
-        {
-            EnumerateSchemaFiles(path, above);
-            above.pop_back();
-        }
+        if (entry.m_pDirectory)
+            LoadSchemas(*entry.m_pDirectory);
+        else
+            AddSchemaFile(entry.m_sPath);
     }
 }
 
@@ -309,56 +248,51 @@ void CCorvaneMgr::ConnectSchemaParents()
     }
 }
 
-void CCorvaneMgr::EnumerateCategoryFiles(std::u16string_view directory, CCorvaneCategory* parent,
-                                         std::vector<SWalkedDirectory>& above)
+void CCorvaneMgr::LoadCategories(SSourceDirectory& directory, CCorvaneCategory* parent,
+                                 CategoryDirectories& directories)
 {
-    const SDirectoryFilter filter{.m_bDirectories = true, .m_bFiles = false, .m_sExtension = {}};
-    for (const SDirectoryEntry& entry : ListDirectory(directory, filter))
+    for (SSourceDirectory::SEntry& entry : directory.m_Entries)
     {
-        const std::u16string path = JoinPath(directory, entry.m_sName);
-        const std::u16string file = path + GetSeparator(path) + u"cvd.category";
-        if (!m_Context.m_Files.Exists(file) || !EnterDirectory(entry, path, above, false))
+        if (!entry.m_pDirectory || !entry.m_pDirectory->m_bCategory)
             continue;
-        if (const CRef<CCorvaneCategory> category = CCorvaneCategory::CreateFromFile(*this, file, parent))
-            EnumerateCategoryFiles(path, AddCategory(category), above);
-        above.pop_back();
+        const std::u16string file = entry.m_sPath + GetSeparator(entry.m_sPath) + u"cvd.category";
+        const CRef<CCorvaneCategory> loaded = CCorvaneCategory::CreateFromFile(*this, file, parent);
+        if (!loaded)
+            continue;
+        CCorvaneCategory* category = AddCategory(loaded);
+        directories.emplace(category, entry.m_pDirectory.get()); // The first directory of a name counts.
+        LoadCategories(*entry.m_pDirectory, category, directories);
     }
 }
 
-void CCorvaneMgr::LoadRecords(IProgress& progress)
+void CCorvaneMgr::LoadAllRecords(const CategoryDirectories& directories, IProgress& progress)
 {
     // The tree grows by virtual categories while records are read; only system categories have directories.
-    std::vector<CCorvaneCategory*> directories;
-    EnumerateCategories([&](CCorvaneCategory& category) { directories.push_back(&category); });
-    for (std::size_t i = 0; i < directories.size(); ++i)
+    std::vector<CCorvaneCategory*> categories;
+    EnumerateCategories([&](CCorvaneCategory& category) { categories.push_back(&category); });
+    for (std::size_t i = 0; i < categories.size(); ++i)
     {
-        progress.SetPercent(static_cast<int>(100 * i / directories.size()));
-        static_cast<void>(progress.Pump()); // A load cannot be cancelled half-way.
-        EnumerateRecordFiles(*directories[i], progress);
+        progress.SetPercent(static_cast<int>(100 * i / categories.size()));
+        LoadRecords(*categories[i], directories.at(categories[i])->m_Records, progress);
     }
     progress.SetPercent(100);
 }
 
-void CCorvaneMgr::EnumerateRecordFiles(CCorvaneCategory& category, IProgress& progress)
+void CCorvaneMgr::LoadRecords(CCorvaneCategory& category, std::span<const std::u16string> names,
+                              IProgress& progress)
 {
-    const SDirectoryFilter filter{.m_bDirectories = false, .m_bFiles = true, .m_sExtension = u"record"};
     std::u16string path(GetDirectoryPart(category.GetFile()));
     const std::size_t length = path.size();
-    if (path.empty())
-        return; // No directory stands for this category.
-    std::size_t count = 0;
-    const std::vector<SDirectoryEntry> entries = ListDirectory(path, filter);
-    if (category.GetSchema() == nullptr && !entries.empty())
-        TellStrayRecords(path, entries.size());
+    if (category.GetSchema() == nullptr && !names.empty())
+        TellStrayRecords(path, names.size());
     const std::optional<CRecordLayout> layout =
         category.GetSchema() ? std::optional<CRecordLayout>(*category.GetSchema()) : std::nullopt;
-    for (const SDirectoryEntry& entry : entries)
+    for (std::size_t i = 0; i < names.size(); ++i)
     {
-        path.resize(length);
-        path += entry.m_sName;
+        if (i % 512 == 0)
+            static_cast<void>(progress.Pump()); // A load cannot be cancelled half-way.
+        path.replace(length, std::u16string::npos, names[i]);
         AddRecordFile(path, category, layout ? &*layout : nullptr);
-        if (++count % 512 == 0)
-            static_cast<void>(progress.Pump());
     }
 }
 
