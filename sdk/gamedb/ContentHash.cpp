@@ -1,5 +1,6 @@
 #include "ContentHash.h"
 
+#include <algorithm>
 #include <array>
 #include <bit>
 #include <cstring>
@@ -24,18 +25,29 @@ std::uint64_t Round(std::uint64_t lane, std::uint64_t word)
     return std::rotl(lane + word * kPrime2, 31) * kPrime1;
 }
 
-// Takes whole blocks of 32 bytes off `bytes` and returns the four lanes as one number.
-std::uint64_t HashBlocks(std::span<const std::byte>& bytes, std::uint64_t seed)
+using CLanes = std::array<std::uint64_t, 4>;
+
+CLanes StartLanes(std::uint64_t seed)
 {
-    std::array<std::uint64_t, 4> lanes{seed + kPrime1 + kPrime2, seed + kPrime2, seed, seed - kPrime1};
-    const std::byte* at = bytes.data();
-    const std::byte* const end = at + bytes.size() / 32 * 32;
-    for (; at != end; at += 32)
+    return {seed + kPrime1 + kPrime2, seed + kPrime2, seed, seed - kPrime1};
+}
+
+// Takes whole blocks of 32 bytes off `bytes`.
+void TakeBlocks(CLanes& lanes, std::span<const std::byte>& bytes)
+{
+    const std::size_t size = bytes.size() / 32 * 32;
+    CLanes current = lanes;
+    for (std::size_t at = 0; at != size; at += 32)
     {
-        for (std::size_t i = 0; i < lanes.size(); ++i)
-            lanes[i] = Round(lanes[i], Load<std::uint64_t>(at + i * 8));
+        for (std::size_t i = 0; i < current.size(); ++i)
+            current[i] = Round(current[i], Load<std::uint64_t>(bytes.data() + at + i * 8));
     }
-    bytes = bytes.subspan(bytes.size() / 32 * 32);
+    lanes = current;
+    bytes = bytes.subspan(size);
+}
+
+std::uint64_t MergeLanes(const CLanes& lanes)
+{
     std::uint64_t hash =
         std::rotl(lanes[0], 1) + std::rotl(lanes[1], 7) + std::rotl(lanes[2], 12) + std::rotl(lanes[3], 18);
     for (const std::uint64_t lane : lanes)
@@ -53,14 +65,48 @@ std::uint64_t HashTail(std::uint64_t hash, std::span<const std::byte> bytes)
         hash = std::rotl(hash ^ (Load<std::uint8_t>(bytes.data()) * kPrime5), 11) * kPrime1;
     return hash;
 }
+
+std::uint64_t Finish(std::uint64_t hash, std::span<const std::byte> tail)
+{
+    hash = HashTail(hash, tail);
+    hash = (hash ^ (hash >> 33)) * kPrime2;
+    hash = (hash ^ (hash >> 29)) * kPrime3;
+    return hash ^ (hash >> 32);
+}
 } // namespace
 
 std::uint64_t ContentHash(std::span<const std::byte> bytes, std::uint64_t seed)
 {
     const std::size_t size = bytes.size();
-    std::uint64_t hash = size >= 32 ? HashBlocks(bytes, seed) : seed + kPrime5;
-    hash = HashTail(hash + size, bytes);
-    hash = (hash ^ (hash >> 33)) * kPrime2;
-    hash = (hash ^ (hash >> 29)) * kPrime3;
-    return hash ^ (hash >> 32);
+    if (size < 32)
+        return Finish(seed + kPrime5 + size, bytes);
+    CLanes lanes = StartLanes(seed);
+    TakeBlocks(lanes, bytes);
+    return Finish(MergeLanes(lanes) + size, bytes);
+}
+
+CContentHasher::CContentHasher(std::uint64_t seed) : m_nSeed(seed), m_Lanes(StartLanes(seed)) {}
+
+void CContentHasher::Add(std::span<const std::byte> bytes)
+{
+    const std::size_t held = m_nSize % kBlock;
+    m_nSize += bytes.size();
+    if (held != 0)
+    {
+        const std::size_t taken = std::min(kBlock - held, bytes.size());
+        std::copy_n(bytes.begin(), taken, m_Rest.begin() + held);
+        bytes = bytes.subspan(taken);
+        if (held + taken < kBlock)
+            return;
+        std::span<const std::byte> block(m_Rest);
+        TakeBlocks(m_Lanes, block);
+    }
+    TakeBlocks(m_Lanes, bytes);
+    std::copy(bytes.begin(), bytes.end(), m_Rest.begin());
+}
+
+std::uint64_t CContentHasher::GetHash() const
+{
+    const std::uint64_t start = m_nSize < kBlock ? m_nSeed + kPrime5 : MergeLanes(m_Lanes);
+    return Finish(start + m_nSize, std::span(m_Rest).first(m_nSize % kBlock));
 }

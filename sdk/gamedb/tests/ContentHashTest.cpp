@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string_view>
+#include <vector>
 
 // The published values of XXH64 with seed 0: one text below a block, one above, so that any other program
 // that knows the hash can check a file.
@@ -16,4 +18,24 @@ TEST(ContentHash, GivesThePublishedValues)
     };
     for (const auto& [text, hash] : known)
         EXPECT_EQ(ContentHash(std::as_bytes(std::span(text.data(), text.size()))), hash) << text;
+}
+
+// Wherever the bytes are cut, also inside a block and with empty pieces, the hash is that of the whole.
+TEST(ContentHash, IsTheSameForBytesInPieces)
+{
+    std::vector<std::byte> bytes(200);
+    for (std::size_t i = 0; i < bytes.size(); ++i)
+        bytes[i] = static_cast<std::byte>(i * 37 + 11);
+    for (std::size_t size = 0; size <= bytes.size(); ++size)
+    {
+        const auto whole = std::span<const std::byte>(bytes).first(size);
+        for (const std::size_t piece : {1, 7, 31, 32, 33, 64, 150})
+        {
+            CContentHasher hasher(size);
+            for (std::size_t at = 0; at < size; at += piece)
+                hasher.Add(whole.subspan(at, std::min(piece, size - at)));
+            hasher.Add({});
+            EXPECT_EQ(hasher.GetHash(), ContentHash(whole, size)) << size << " by " << piece;
+        }
+    }
 }

@@ -49,22 +49,44 @@ std::uint32_t CGameDatabaseWriter::AddAttribute(std::uint32_t record, std::strin
     const auto values = static_cast<std::uint32_t>(count);
     const std::uint32_t words = packed::WordCount(typeCode, values);
     const std::uint64_t floats = std::uint64_t{packed::Dimension(typeCode)} * values;
-    const std::uint32_t nameText = m_Model.texts.Intern(name, m_Budget);
+    const std::uint32_t nameText = InternName(record, name);
     if (!m_Budget.Take(sizeof(packed::Attrib) + (words + floats) * sizeof(std::uint32_t)))
         return kNone;
+    // Room for everything first, so that a lack of memory leaves the database as it was.
     m_Model.attribs.Reserve(1);
-    m_Model.words.Reserve(words);
-    m_Model.floats.Reserve(floats);
     SDatabaseModel::SAttrib attrib{record, nameText, 0, 0};
     attrib.SetShape(typeCode, static_cast<std::uint32_t>(kind), values);
     if (words != 0)
+    {
         attrib.value = static_cast<std::uint32_t>(m_Model.words.size());
-    if (floats != 0)
+        m_Model.words.AppendZeros(words);
+    }
+    else if (floats != 0)
+    {
         attrib.value = static_cast<std::uint32_t>(m_Model.floats.size());
-    m_Model.words.AppendZeros(words);
-    m_Model.floats.AppendZeros(floats);
+        m_Model.floats.AppendZeros(floats);
+    }
     m_Model.attribs.Append(attrib);
     return static_cast<std::uint32_t>(m_Model.attribs.size() - 1);
+}
+
+// Neighbouring records mostly have the same attributes in the same order, so that the name at the same place
+// of the record before is compared ahead of a search among all names.
+std::uint32_t CGameDatabaseWriter::InternName(std::uint32_t record, std::string_view name)
+{
+    const std::size_t count = m_Model.attribs.size();
+    if (count != 0 && m_Model.attribs[count - 1].record != record)
+    {
+        m_nNamesake = m_nRecordStart;
+        m_nRecordStart = count;
+    }
+    if (m_nNamesake < m_nRecordStart)
+    {
+        const std::uint32_t known = m_Model.attribs[m_nNamesake++].name;
+        if (m_Model.texts[known] == name)
+            return known;
+    }
+    return m_Model.texts.Intern(name, m_Budget);
 }
 
 SDatabaseModel::SAttrib* CGameDatabaseWriter::FindValue(std::uint32_t attribute, std::int32_t index,
@@ -148,5 +170,5 @@ bool CGameDatabaseWriter::Save(IZROutConverter& out) const
     if (m_Budget.IsExceeded())
         return false;
     CPackedSerializer serializer(m_Model, m_Budget.GetLimit());
-    return serializer.Build() && out.Write(serializer.GetBytes().data(), serializer.GetBytes().size());
+    return serializer.Build() && serializer.Write(out);
 }

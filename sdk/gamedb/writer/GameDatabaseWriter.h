@@ -41,14 +41,21 @@ public:
     // `record` is the index of a record, or kNone for a link to nothing.
     bool SetRecordLink(std::uint32_t attribute, std::int32_t index, std::uint32_t record);
 
-    // Writes the whole file in one block. Returns false when the database is too large or `out` failed.
+    // Writes the whole file, one piece after the other. Returns false when the database is too large or `out`
+    // failed.
     [[nodiscard]] bool Save(IZROutConverter& out) const;
 
 private:
+    // The number of the name that the next attribute of `record` gets.
+    std::uint32_t InternName(std::uint32_t record, std::string_view name);
     // The attribute when it has that type and that value; otherwise null.
     SDatabaseModel::SAttrib* FindValue(std::uint32_t attribute, std::int32_t index, EDatabaseValueType type);
     bool SetWord(std::uint32_t attribute, std::int32_t index, EDatabaseValueType type, std::uint32_t word);
 
     CSizeBudget m_Budget;
     SDatabaseModel m_Model;
+    // The first attribute of the record that was filled last.
+    std::size_t m_nRecordStart = 0;
+    // The attribute of the record before it that stands where the next one will stand.
+    std::size_t m_nNamesake = 0;
 };

@@ -1,7 +1,10 @@
 #include "PackedSerializer.h"
 
+#include "ContentHash.h"
 #include "PackedLayout.h"
 #include "PackedSeal.h"
+#include "PieceBuffer.h"
+#include "izroutconverter.h"
 
 #include <algorithm>
 #include <cstring>
@@ -10,6 +13,37 @@ namespace
 {
 // The table, its offsets and the alignment of the vectors.
 constexpr std::uint64_t kOverhead = 1024;
+
+class CHashSink final : public IPackedSink
+{
+public:
+    explicit CHashSink(std::uint64_t seed) : m_Hasher(seed) {}
+    void Add(std::span<const std::byte> bytes) override { m_Hasher.Add(bytes); }
+    [[nodiscard]] std::uint64_t GetHash() const { return m_Hasher.GetHash(); }
+
+private:
+    CContentHasher m_Hasher;
+};
+
+class CWriteSink final : public IPackedSink
+{
+public:
+    explicit CWriteSink(IZROutConverter& out) : m_Out(out) {}
+    void Add(std::span<const std::byte> bytes) override
+    {
+        m_bGood = m_bGood && (bytes.empty() || m_Out.Write(bytes.data(), bytes.size()));
+    }
+    [[nodiscard]] bool IsGood() const { return m_bGood; }
+
+private:
+    IZROutConverter& m_Out;
+    bool m_bGood = true;
+};
+
+template <class T> void AddAll(IPackedSink& sink, std::span<const T> values)
+{
+    sink.Add(std::as_bytes(values));
+}
 } // namespace
 
 CPackedSerializer::CPackedSerializer(const SDatabaseModel& model, std::uint64_t maxBytes)
@@ -25,36 +59,77 @@ bool CPackedSerializer::Build()
     const std::uint64_t size = ComputeSize() + kOverhead;
     if (size > m_nMaxBytes)
         return false;
-    m_Builder = flatbuffers::FlatBufferBuilder(static_cast<std::size_t>(size));
-    m_Builder.ForceDefaults(true);
-
-    const auto units = m_Model.wideTexts.GetUnits();
-    const auto chars = m_Model.texts.GetUnits();
-    const auto textOffsets = Copy(m_Model.texts.GetOffsets());
-    const auto textBytes = Copy(std::span(reinterpret_cast<const std::uint8_t*>(chars.data()), chars.size()));
-    const auto wideOffsets = Copy(m_Model.wideTexts.GetOffsets());
-    const auto wideUnits =
-        Copy(std::span(reinterpret_cast<const std::uint16_t*>(units.data()), units.size()));
-    const auto categories = MakeCategories();
-    const auto records = MakeRecords();
-    const auto recordSlots = MakeRecordSlots();
-    const auto shapes = CopyStructs(m_Shapes.GetShapes());
-    const auto entries = CopyStructs(m_Shapes.GetEntries());
-    const auto entrySlots = Copy(m_Shapes.GetSlots());
-    const auto rowHeads = Copy(m_Shapes.GetRowHeads());
-    const auto attribs = MakeAttribs();
-    const auto words = MakeWords();
-    const auto floats = MakeFloats();
-    packed::FinishDatabaseBuffer(
-        m_Builder, packed::CreateDatabase(m_Builder, packed::kFormatVersion, 0, textOffsets, textBytes,
-                                          wideOffsets, wideUnits, categories, records, recordSlots, shapes,
-                                          entries, entrySlots, rowHeads, attribs, words, floats));
-    return packed::Seal(std::as_writable_bytes(std::span(m_Builder.GetBufferPointer(), m_Builder.GetSize())));
+    FillRecordSlots();
+    MakeSkeleton(static_cast<std::size_t>(size));
+    Seal();
+    return true;
 }
 
-std::span<const std::byte> CPackedSerializer::GetBytes() const
+bool CPackedSerializer::Write(IZROutConverter& out) const
 {
-    return std::as_bytes(std::span(m_Builder.GetBufferPointer(), m_Builder.GetSize()));
+    CWriteSink sink(out);
+    Stream(0, sink);
+    return sink.IsGood();
+}
+
+void CPackedSerializer::MakeSkeleton(std::size_t size)
+{
+    using CThis = CPackedSerializer;
+    m_Builder = flatbuffers::FlatBufferBuilder(size);
+    m_Builder.ForceDefaults(true);
+    m_Vectors.clear();
+
+    const std::size_t records = m_Model.records.size();
+    const std::size_t attribs = m_Model.attribs.size();
+    const auto textOffsets =
+        Reserve<std::uint32_t>(m_Model.texts.GetOffsets().size(), &CThis::FillTextOffsets);
+    const auto textBytes = Reserve<std::uint8_t>(m_Model.texts.GetUnits().size(), &CThis::FillTextBytes);
+    const auto wideOffsets =
+        Reserve<std::uint32_t>(m_Model.wideTexts.GetOffsets().size(), &CThis::FillWideOffsets);
+    const auto wideUnits = Reserve<std::uint16_t>(m_Model.wideTexts.GetUnits().size(), &CThis::FillWideUnits);
+    const auto categories =
+        ReserveStructs<packed::Category>(m_Model.categories.size(), &CThis::FillCategories);
+    const auto recordRows = ReserveStructs<packed::Record>(records, &CThis::FillRecords);
+    const auto recordSlots = Reserve<std::uint32_t>(m_RecordSlots.size(), &CThis::FillSlots);
+    const auto shapes = ReserveStructs<packed::Shape>(m_Shapes.GetShapes().size(), &CThis::FillShapes);
+    const auto entries = ReserveStructs<packed::Entry>(m_Shapes.GetEntries().size(), &CThis::FillEntries);
+    const auto entrySlots = Reserve<std::uint32_t>(m_Shapes.GetSlots().size(), &CThis::FillEntrySlots);
+    const auto rowHeads = Reserve<std::uint32_t>(m_Shapes.GetRowHeads().size(), &CThis::FillRowHeads);
+    const auto attribRows = ReserveStructs<packed::Attrib>(attribs, &CThis::FillAttribs);
+    const auto words = Reserve<std::uint32_t>(m_Model.words.size(), &CThis::FillWords);
+    const auto floats = Reserve<float>(m_Model.floats.size(), &CThis::FillFloats);
+    packed::FinishDatabaseBuffer(
+        m_Builder, packed::CreateDatabase(m_Builder, packed::kFormatVersion, 0, textOffsets, textBytes,
+                                          wideOffsets, wideUnits, categories, recordRows, recordSlots, shapes,
+                                          entries, entrySlots, rowHeads, attribRows, words, floats));
+}
+
+void CPackedSerializer::Stream(std::size_t from, IPackedSink& sink) const
+{
+    const std::span<const std::byte> skeleton = GetSkeleton();
+    const std::byte* at = skeleton.data() + from;
+    for (auto vector = m_Vectors.rbegin(); vector != m_Vectors.rend(); ++vector)
+    {
+        sink.Add({at, vector->m_Place.data()});
+        (this->*vector->m_pFill)(sink);
+        at = vector->m_Place.data() + vector->m_Place.size();
+    }
+    sink.Add({at, skeleton.data() + skeleton.size()});
+}
+
+void CPackedSerializer::Seal()
+{
+    const std::span<std::byte> skeleton = GetSkeleton();
+    const std::size_t field = packed::FindChecksum(skeleton);
+    CHashSink sink(ContentHash(skeleton.first(field)));
+    Stream(field + sizeof(std::uint64_t), sink);
+    const std::uint64_t checksum = sink.GetHash();
+    std::memcpy(skeleton.data() + field, &checksum, sizeof(checksum));
+}
+
+std::span<std::byte> CPackedSerializer::GetSkeleton() const
+{
+    return std::as_writable_bytes(std::span(m_Builder.GetBufferPointer(), m_Builder.GetSize()));
 }
 
 const SDatabaseModel::SAttrib& CPackedSerializer::AttribAt(std::size_t place) const
@@ -112,51 +187,10 @@ std::uint64_t CPackedSerializer::ComputeSize() const
            m_Model.floats.GetAll().size_bytes();
 }
 
-template <class T>
-flatbuffers::Offset<flatbuffers::Vector<T>> CPackedSerializer::Copy(std::span<const T> values)
-{
-    T* target = nullptr;
-    const auto offset = m_Builder.CreateUninitializedVector(values.size(), &target);
-    std::copy(values.begin(), values.end(), target);
-    return offset;
-}
-
-template <class T>
-flatbuffers::Offset<flatbuffers::Vector<const T*>> CPackedSerializer::CopyStructs(std::span<const T> values)
-{
-    T* target = nullptr;
-    const auto offset = m_Builder.CreateUninitializedVectorOfStructs(values.size(), &target);
-    std::copy(values.begin(), values.end(), target);
-    return offset;
-}
-
-flatbuffers::Offset<flatbuffers::Vector<const packed::Category*>> CPackedSerializer::MakeCategories()
-{
-    packed::Category* target = nullptr;
-    const auto offset = m_Builder.CreateUninitializedVectorOfStructs(m_Model.categories.size(), &target);
-    for (const SDatabaseModel::SCategory& category : m_Model.categories.GetAll())
-        *target++ = packed::Category(category.path, category.schema);
-    return offset;
-}
-
-flatbuffers::Offset<flatbuffers::Vector<const packed::Record*>> CPackedSerializer::MakeRecords()
-{
-    packed::Record* target = nullptr;
-    const auto offset = m_Builder.CreateUninitializedVectorOfStructs(m_Model.records.size(), &target);
-    for (std::size_t i = 0; i < m_Model.records.size(); ++i)
-    {
-        const SDatabaseModel::SRecord& record = m_Model.records[i];
-        target[i] = packed::Record(record.category, record.name, m_ShapeOf[i], m_First[i]);
-    }
-    return offset;
-}
-
-flatbuffers::Offset<flatbuffers::Vector<std::uint32_t>> CPackedSerializer::MakeRecordSlots()
+void CPackedSerializer::FillRecordSlots()
 {
     const std::uint32_t count = packed::SlotCount(m_Model.records.size());
-    std::uint32_t* slots = nullptr;
-    const auto offset = m_Builder.CreateUninitializedVector(count, &slots);
-    std::fill_n(slots, count, 0U);
+    m_RecordSlots.assign(count, 0);
     // In the order of the records, so that a search meets the first of several with one path first.
     for (std::uint32_t i = 0; i < m_Model.records.size(); ++i)
     {
@@ -166,18 +200,99 @@ flatbuffers::Offset<flatbuffers::Vector<std::uint32_t>> CPackedSerializer::MakeR
         hash = packed::AddToNameHash(hash, "/");
         hash = packed::AddToNameHash(hash, m_Model.texts[record.name]);
         std::uint32_t slot = packed::FinishNameHash(hash) & (count - 1);
-        while (slots[slot] != 0)
+        while (m_RecordSlots[slot] != 0)
             slot = (slot + 1) & (count - 1);
-        slots[slot] = i + 1;
+        m_RecordSlots[slot] = i + 1;
     }
+}
+
+template <class T>
+flatbuffers::Offset<flatbuffers::Vector<T>> CPackedSerializer::Reserve(std::size_t count, FFill fill)
+{
+    T* place = nullptr;
+    const auto offset = m_Builder.CreateUninitializedVector(count, &place);
+    m_Vectors.push_back({std::as_bytes(std::span(place, count)), fill});
     return offset;
 }
 
-// The three below walk the attributes in the order of the file, so that lists lie in that order too.
-flatbuffers::Offset<flatbuffers::Vector<const packed::Attrib*>> CPackedSerializer::MakeAttribs()
+template <class T>
+flatbuffers::Offset<flatbuffers::Vector<const T*>> CPackedSerializer::ReserveStructs(std::size_t count,
+                                                                                     FFill fill)
 {
-    packed::Attrib* target = nullptr;
-    const auto offset = m_Builder.CreateUninitializedVectorOfStructs(m_Model.attribs.size(), &target);
+    T* place = nullptr;
+    const auto offset = m_Builder.CreateUninitializedVectorOfStructs(count, &place);
+    m_Vectors.push_back({std::as_bytes(std::span(place, count)), fill});
+    return offset;
+}
+
+void CPackedSerializer::FillTextOffsets(IPackedSink& sink) const
+{
+    AddAll(sink, m_Model.texts.GetOffsets());
+}
+
+void CPackedSerializer::FillTextBytes(IPackedSink& sink) const
+{
+    AddAll(sink, m_Model.texts.GetUnits());
+}
+
+void CPackedSerializer::FillWideOffsets(IPackedSink& sink) const
+{
+    AddAll(sink, m_Model.wideTexts.GetOffsets());
+}
+
+void CPackedSerializer::FillWideUnits(IPackedSink& sink) const
+{
+    AddAll(sink, m_Model.wideTexts.GetUnits());
+}
+
+void CPackedSerializer::FillCategories(IPackedSink& sink) const
+{
+    CPieceBuffer<packed::Category> out(sink);
+    for (const SDatabaseModel::SCategory& category : m_Model.categories.GetAll())
+        out.Add(packed::Category(category.path, category.schema));
+    out.Flush();
+}
+
+void CPackedSerializer::FillRecords(IPackedSink& sink) const
+{
+    CPieceBuffer<packed::Record> out(sink);
+    for (std::size_t i = 0; i < m_Model.records.size(); ++i)
+    {
+        const SDatabaseModel::SRecord& record = m_Model.records[i];
+        out.Add(packed::Record(record.category, record.name, m_ShapeOf[i], m_First[i]));
+    }
+    out.Flush();
+}
+
+void CPackedSerializer::FillSlots(IPackedSink& sink) const
+{
+    AddAll(sink, std::span<const std::uint32_t>(m_RecordSlots));
+}
+
+void CPackedSerializer::FillShapes(IPackedSink& sink) const
+{
+    AddAll(sink, m_Shapes.GetShapes());
+}
+
+void CPackedSerializer::FillEntries(IPackedSink& sink) const
+{
+    AddAll(sink, m_Shapes.GetEntries());
+}
+
+void CPackedSerializer::FillEntrySlots(IPackedSink& sink) const
+{
+    AddAll(sink, m_Shapes.GetSlots());
+}
+
+void CPackedSerializer::FillRowHeads(IPackedSink& sink) const
+{
+    AddAll(sink, m_Shapes.GetRowHeads());
+}
+
+// The three below walk the attributes in the order of the file, so that lists lie in that order too.
+void CPackedSerializer::FillAttribs(IPackedSink& sink) const
+{
+    CPieceBuffer<packed::Attrib> out(sink);
     std::uint32_t words = 0;
     std::uint32_t floats = 0;
     for (std::size_t place = 0; place < m_Model.attribs.size(); ++place)
@@ -186,37 +301,36 @@ flatbuffers::Offset<flatbuffers::Vector<const packed::Attrib*>> CPackedSerialize
         const std::uint32_t wordCount = packed::WordCount(attrib.GetType(), attrib.GetCount());
         const std::uint32_t floatCount = packed::Dimension(attrib.GetType()) * attrib.GetCount();
         const std::uint32_t list = floatCount != 0 ? floats : words;
-        target[place] = packed::Attrib(attrib.GetCount(), wordCount + floatCount != 0 ? list : attrib.value);
+        out.Add(packed::Attrib(attrib.GetCount(), wordCount + floatCount != 0 ? list : attrib.value));
         words += wordCount;
         floats += floatCount;
     }
-    return offset;
+    out.Flush();
 }
 
-flatbuffers::Offset<flatbuffers::Vector<std::uint32_t>> CPackedSerializer::MakeWords()
+void CPackedSerializer::FillWords(IPackedSink& sink) const
 {
-    std::uint32_t* target = nullptr;
-    const auto offset = m_Builder.CreateUninitializedVector(m_Model.words.size(), &target);
-    for (std::size_t place = 0; place < m_Model.attribs.size(); ++place)
+    // Without an order of its own the database holds the words as the file does.
+    if (m_Order.empty())
+        return AddAll(sink, m_Model.words.GetAll());
+    for (const std::uint32_t index : m_Order)
     {
-        const SDatabaseModel::SAttrib& attrib = AttribAt(place);
+        const SDatabaseModel::SAttrib& attrib = m_Model.attribs[index];
         const std::uint32_t count = packed::WordCount(attrib.GetType(), attrib.GetCount());
         if (count != 0)
-            target = std::copy_n(&m_Model.words[attrib.value], count, target);
+            AddAll(sink, m_Model.words.GetAll().subspan(attrib.value, count));
     }
-    return offset;
 }
 
-flatbuffers::Offset<flatbuffers::Vector<float>> CPackedSerializer::MakeFloats()
+void CPackedSerializer::FillFloats(IPackedSink& sink) const
 {
-    float* target = nullptr;
-    const auto offset = m_Builder.CreateUninitializedVector(m_Model.floats.size(), &target);
-    for (std::size_t place = 0; place < m_Model.attribs.size(); ++place)
+    if (m_Order.empty())
+        return AddAll(sink, m_Model.floats.GetAll());
+    for (const std::uint32_t index : m_Order)
     {
-        const SDatabaseModel::SAttrib& attrib = AttribAt(place);
+        const SDatabaseModel::SAttrib& attrib = m_Model.attribs[index];
         const std::size_t count = std::size_t{packed::Dimension(attrib.GetType())} * attrib.GetCount();
         if (count != 0)
-            target = std::copy_n(&m_Model.floats[attrib.value], count, target);
+            AddAll(sink, m_Model.floats.GetAll().subspan(attrib.value, count));
     }
-    return offset;
 }

@@ -27,12 +27,14 @@ std::uint64_t CShapeTable::GetSize() const
 
 std::uint32_t CShapeTable::Intern(std::span<const SShapeKey> keys, std::uint64_t maxBytes)
 {
+    if (m_nRecent < m_Shapes.size() && IsSame(m_Shapes[m_nRecent], keys))
+        return m_nRecent;
     const std::uint64_t hash = ContentHash(std::as_bytes(keys));
     const auto [first, last] = m_ByHash.equal_range(hash);
     for (auto same = first; same != last; ++same)
     {
         if (IsSame(m_Shapes[same->second], keys))
-            return same->second;
+            return m_nRecent = same->second;
     }
     std::uint64_t size = GetSize() + sizeof(packed::Shape) + keys.size() * sizeof(packed::Entry) +
                          packed::SlotCount(keys.size()) * sizeof(std::uint32_t);
@@ -42,7 +44,7 @@ std::uint32_t CShapeTable::Intern(std::span<const SShapeKey> keys, std::uint64_t
         return packed::kNone;
     AddShape(keys);
     m_ByHash.emplace(hash, static_cast<std::uint32_t>(m_Shapes.size() - 1));
-    return static_cast<std::uint32_t>(m_Shapes.size() - 1);
+    return m_nRecent = static_cast<std::uint32_t>(m_Shapes.size() - 1);
 }
 
 bool CShapeTable::IsSame(const packed::Shape& shape, std::span<const SShapeKey> keys) const

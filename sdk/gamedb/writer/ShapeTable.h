@@ -54,6 +54,8 @@ private:
     std::uint32_t FindEntry(const packed::Shape& shape, std::uint64_t nameHash, std::string_view name) const;
 
     const CTextPool<char>& m_Texts;
+    // The answer before, which the next record of a category mostly gets too.
+    std::uint32_t m_nRecent = 0;
     std::vector<packed::Shape> m_Shapes;
     std::vector<packed::Entry> m_Entries;
     std::vector<std::uint32_t> m_Slots;

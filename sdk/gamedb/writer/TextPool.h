@@ -8,6 +8,7 @@
 #include "SizeBudget.h"
 
 #include <cstdint>
+#include <cstring>
 #include <span>
 #include <string_view>
 #include <vector>
@@ -30,21 +31,21 @@ public:
         const auto hash =
             static_cast<std::uint32_t>(ContentHash(std::as_bytes(std::span(text.data(), text.size()))));
         std::size_t slot = FindSlot(text, hash);
-        if (m_Slots[slot] != 0)
-            return m_Slots[slot] - 1;
+        if (m_Slots[slot].number != 0)
+            return m_Slots[slot].number - 1;
         if (!budget.Take((text.size() + 1) * sizeof(Char) + sizeof(std::uint32_t)))
             return packed::kNone;
-        if ((size() + 1) * 2 > m_Slots.size())
+        if ((size() + 1) * 4 > m_Slots.size() * 3)
         {
             GrowSlots();
             slot = FindSlot(text, hash);
         }
-        Add(text, hash);
-        m_Slots[slot] = static_cast<std::uint32_t>(size());
-        return m_Slots[slot] - 1;
+        Add(text);
+        m_Slots[slot] = {hash, static_cast<std::uint32_t>(size())};
+        return m_Slots[slot].number - 1;
     }
 
-    std::size_t size() const { return m_Hashes.size(); }
+    std::size_t size() const { return m_Offsets.size() - 1; }
     std::basic_string_view<Char> operator[](std::uint32_t id) const
     {
         return {&m_Units[m_Offsets[id]], m_Offsets[id + 1] - m_Offsets[id] - 1};
@@ -55,46 +56,60 @@ public:
 private:
     static constexpr std::size_t kFirstSlots = 1024;
 
+    // The hash lies beside the number, so that a search reads no text but one that is very likely the same.
+    struct SSlot
+    {
+        std::uint32_t hash;
+        // The text's number plus 1; 0 for a free slot.
+        std::uint32_t number;
+    };
+
     std::size_t FindSlot(std::basic_string_view<Char> text, std::uint32_t hash) const
     {
         const std::size_t mask = m_Slots.size() - 1;
         std::size_t slot = hash & mask;
-        for (; m_Slots[slot] != 0; slot = (slot + 1) & mask)
+        for (; m_Slots[slot].number != 0; slot = (slot + 1) & mask)
         {
-            const std::uint32_t id = m_Slots[slot] - 1;
-            if (m_Hashes[id] == hash && (*this)[id] == text)
+            if (m_Slots[slot].hash == hash && IsText(m_Slots[slot].number - 1, text))
                 break;
         }
         return slot;
     }
 
+    // Compares bytes: the library's comparison of UTF-16 goes unit by unit.
+    bool IsText(std::uint32_t id, std::basic_string_view<Char> text) const
+    {
+        const std::basic_string_view<Char> known = (*this)[id];
+        return known.size() == text.size() &&
+               (text.empty() || std::memcmp(known.data(), text.data(), text.size() * sizeof(Char)) == 0);
+    }
+
     void GrowSlots()
     {
-        std::vector<std::uint32_t> slots(m_Slots.size() * 2);
+        std::vector<SSlot> slots(m_Slots.size() * 2);
         const std::size_t mask = slots.size() - 1;
-        for (std::uint32_t id = 0; id < size(); ++id)
+        for (const SSlot& old : m_Slots)
         {
-            std::size_t slot = m_Hashes[id] & mask;
-            while (slots[slot] != 0)
+            if (old.number == 0)
+                continue;
+            std::size_t slot = old.hash & mask;
+            while (slots[slot].number != 0)
                 slot = (slot + 1) & mask;
-            slots[slot] = id + 1;
+            slots[slot] = old;
         }
         m_Slots.swap(slots);
     }
 
-    void Add(std::basic_string_view<Char> text, std::uint32_t hash)
+    void Add(std::basic_string_view<Char> text)
     {
         m_Units.Reserve(text.size() + 1);
         m_Offsets.Reserve(1);
-        m_Hashes.Reserve(1);
         m_Units.Append(text.data(), text.size());
         m_Units.Append(Char{});
         m_Offsets.Append(static_cast<std::uint32_t>(m_Units.size()));
-        m_Hashes.Append(hash);
     }
 
     CGrowBuffer<Char> m_Units;
     CGrowBuffer<std::uint32_t> m_Offsets;
-    CGrowBuffer<std::uint32_t> m_Hashes;
-    std::vector<std::uint32_t> m_Slots;
+    std::vector<SSlot> m_Slots; // A power of two.
 };
