@@ -36,8 +36,8 @@ public:
     {
     }
 
-    // False leaves `out` as it was.
-    bool Read(const dirent& entry, SDirectoryEntry& out)
+    // Fills `out` when the entry belongs to the listing.
+    bool Read(const dirent64& entry, SDirectoryEntry& out)
     {
         const std::string_view name = entry.d_name;
         if (name == "." || name == "..")
@@ -48,24 +48,19 @@ public:
         const bool known = entry.d_type == DT_REG;
         if (known ? !TakesFile(name) : !GetStatus(entry, status))
             return false;
-        SDirectoryEntry found;
-        found.m_bDirectory = !known && S_ISDIR(status.st_mode);
         if (!known && !TakesKind(name, status))
             return false;
-        if (!FromDiskName(name, found.m_sName))
+        if (!FromDiskName(name, out.m_sName))
             return false;
-        if (found.m_bDirectory)
-        {
-            found.m_nDevice = status.st_dev;
-            found.m_nNode = status.st_ino;
-        }
-        out = std::move(found);
+        out.m_bDirectory = !known && S_ISDIR(status.st_mode);
+        out.m_nDevice = out.m_bDirectory ? status.st_dev : 0;
+        out.m_nNode = out.m_bDirectory ? status.st_ino : 0;
         return true;
     }
 
 private:
     // Follows links: what a link names decides its kind. A link to nothing is left out.
-    bool GetStatus(const dirent& entry, struct stat& status) const
+    bool GetStatus(const dirent64& entry, struct stat& status) const
     {
         if (entry.d_type == DT_DIR && !m_Filter.m_bDirectories)
             return false;
@@ -102,18 +97,27 @@ private:
     std::string m_sExtension;
 };
 
-CFileError ReadEntries(DIR* directory, const SDirectoryFilter& filter, std::vector<SDirectoryEntry>& entries)
+// Asks the system itself, so that a listing costs no look at the open directory and no block of memory of
+// the C library's.
+CFileError ReadEntries(int directory, const SDirectoryFilter& filter, std::vector<SDirectoryEntry>& entries)
 {
-    CEntryReader reader(::dirfd(directory), filter);
+    constexpr std::size_t kBufferSize = 32 * 1024;
+    alignas(dirent64) std::byte buffer[kBufferSize];
+    CEntryReader reader(directory, filter);
+    SDirectoryEntry found;
     for (;;)
     {
-        errno = 0;
-        const dirent* entry = ::readdir(directory);
-        if (entry == nullptr)
-            return LastError();
-        SDirectoryEntry found;
-        if (reader.Read(*entry, found))
-            entries.push_back(std::move(found));
+        const ssize_t size = ::getdents64(directory, buffer, sizeof buffer);
+        // A directory that was removed while it is open has no entries any more.
+        if (size <= 0)
+            return size == 0 || errno == ENOENT ? CFileError{} : LastError();
+        for (ssize_t offset = 0; offset < size;)
+        {
+            const auto* entry = reinterpret_cast<const dirent64*>(buffer + offset);
+            if (reader.Read(*entry, found))
+                entries.push_back(std::move(found));
+            offset += entry->d_reclen;
+        }
     }
 }
 
@@ -220,12 +224,7 @@ CFileError CDiskFileSystem::ListDirectory(std::u16string_view path, const SDirec
     descriptor.Reset(WithDiskCase(name, [](const char* file) { return ::open(file, kFlags); }));
     if (!descriptor.IsOpen())
         return LastError();
-    DIR* directory = ::fdopendir(descriptor.Get());
-    if (directory == nullptr)
-        return LastError();
-    static_cast<void>(descriptor.Release());
-    const CFileError error = ReadEntries(directory, filter, entries);
-    ::closedir(directory);
+    const CFileError error = ReadEntries(descriptor.Get(), filter, entries);
     if (!error.IsOk())
         entries.clear();
     SortDirectoryEntries(entries);

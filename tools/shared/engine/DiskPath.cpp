@@ -49,7 +49,8 @@ std::string FindEntry(const std::string& directory, std::string_view name)
 std::string ToDiskPath(std::u16string_view path)
 {
     path.remove_prefix(SplitPath(path).drive.size());
-    std::string out = ToNarrow(path);
+    std::string out;
+    ToNarrow(path, out);
     std::replace(out.begin(), out.end(), '\\', '/');
     for (std::size_t zero = out.find('\0'); zero != std::string::npos; zero = out.find('\0', zero))
         out.replace(zero, 1, "\xEF\xBF\xBD");
@@ -82,9 +83,9 @@ bool MatchDiskCase(std::string& path)
 
 bool FromDiskName(std::string_view name, std::u16string& out)
 {
-    out = ToWide(name);
-    if (out.find(u'\\') != std::u16string::npos)
+    if (name.find('\\') != std::string_view::npos)
         return false;
+    out = ToWide(name);
     // A replacement stands for a bad byte, unless the name holds the replacement character itself.
     return out.find(u'\uFFFD') == std::u16string::npos || ToNarrow(out) == name;
 }

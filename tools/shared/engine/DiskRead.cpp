@@ -64,7 +64,9 @@ SFileInfo MakeFileInfo(const struct stat& status)
     return {true,
             S_ISDIR(status.st_mode),
             (status.st_mode & S_IWUSR) == 0,
-            {time, static_cast<std::uint64_t>(status.st_size)}};
+            {time, static_cast<std::uint64_t>(status.st_size)},
+            status.st_dev,
+            status.st_ino};
 }
 
 CFileError OpenForReading(std::string& path, CDescriptor& file, struct stat& status)

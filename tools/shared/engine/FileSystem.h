@@ -58,6 +58,10 @@ struct SFileInfo
     bool m_bDirectory = false;
     bool m_bReadOnly = false; // No write permission for its owner, whoever asks.
     SFileStamp m_Stamp;
+    // Device and file number, which tell a file from every other one whatever path leads to it; both 0 where
+    // the layer knows none.
+    std::uint64_t m_nDevice = 0;
+    std::uint64_t m_nNode = 0;
 };
 
 // Last write time as DOS date (high 16 bits) and time (low 16 bits), local time; 0 for a time of 0.

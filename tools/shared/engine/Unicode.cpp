@@ -1,7 +1,9 @@
 #include "Unicode.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <type_traits>
 
 namespace
 {
@@ -105,13 +107,34 @@ char32_t NextPoint(std::string_view text, std::size_t& index)
     index = start + lead.length;
     return point;
 }
+// How many units at the start of a text are ASCII, counted in whole runs so that the compiler can do many at
+// a time.
+template <class Text> std::size_t CountAscii(const Text& text)
+{
+    constexpr std::size_t kRun = 8;
+    std::size_t count = 0;
+    for (; text.size() - count >= kRun; count += kRun)
+    {
+        unsigned all = 0;
+        for (std::size_t i = 0; i < kRun; ++i)
+            all |= static_cast<std::make_unsigned_t<typename Text::value_type>>(text[count + i]);
+        if (all >= 0x80)
+            break;
+    }
+    while (count < text.size() &&
+           static_cast<std::make_unsigned_t<typename Text::value_type>>(text[count]) < 0x80)
+        ++count;
+    return count;
+}
 } // namespace
 
 void ToNarrow(std::u16string_view text, std::string& out)
 {
-    out.clear();
-    out.reserve(text.size());
-    for (std::size_t i = 0; i < text.size();)
+    const std::size_t ascii = CountAscii(text);
+    out.resize(ascii);
+    std::transform(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(ascii), out.begin(),
+                   [](char16_t unit) { return static_cast<char>(unit); });
+    for (std::size_t i = ascii; i < text.size();)
         AppendNarrow(NextPoint(text, i), out);
 }
 
@@ -126,7 +149,9 @@ std::u16string ToWide(std::string_view text)
 {
     std::u16string out;
     out.reserve(text.size());
-    for (std::size_t i = 0; i < text.size();)
+    const std::size_t ascii = CountAscii(text);
+    out.assign(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(ascii));
+    for (std::size_t i = ascii; i < text.size();)
         AppendWide(NextPoint(text, i), out);
     return out;
 }

@@ -49,6 +49,30 @@ std::size_t CountEntries(const fs::path& directory)
 }
 } // namespace
 
+TEST(DiskFileSystem, InfoTellsOneFileByAllItsNames)
+{
+    CScratchDir scratch;
+    CDiskFileSystem files;
+    scratch.WriteBytes("a.rec", "a");
+    scratch.WriteBytes("b.rec", "b");
+    fs::create_hard_link(scratch.GetPath() / "a.rec", scratch.GetPath() / "hard.rec");
+    fs::create_symlink("a.rec", scratch.GetPath() / "soft.rec");
+    SFileInfo first;
+    ASSERT_TRUE(files.GetInfo(scratch.Text("a.rec"), first).IsOk());
+    EXPECT_NE(first.m_nNode, 0U);
+    CFileBuffer content;
+    for (const char* name : {"a.rec", "hard.rec", "soft.rec", "b.rec"})
+    {
+        SFileInfo asked;
+        SFileInfo read;
+        ASSERT_TRUE(files.GetInfo(scratch.Text(name), asked).IsOk());
+        ASSERT_TRUE(files.ReadFile(scratch.Text(name), content, &read).IsOk());
+        EXPECT_EQ(read.m_nNode, asked.m_nNode);
+        EXPECT_EQ(read.m_nDevice, first.m_nDevice);
+        EXPECT_EQ(asked.m_nNode == first.m_nNode, std::string_view(name) != "b.rec") << name;
+    }
+}
+
 TEST(DiskFileSystem, AFullDiskLeavesTheOldFile)
 {
     CScratchDir scratch;
