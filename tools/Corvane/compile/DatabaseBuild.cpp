@@ -11,7 +11,7 @@
 
 CDatabaseBuild::CDatabaseBuild(CCorvaneMgr& manager, IDatabaseCreatorMgr& creator, CCompileProgress& progress,
                                std::uint32_t build)
-    : m_Manager(manager), m_Creator(creator), m_Progress(progress), m_nBuild(build)
+    : m_Manager(manager), m_Creator(creator), m_Progress(progress), m_nBuild(build), m_Filter(manager, build)
 {
 }
 
@@ -136,13 +136,15 @@ bool CDatabaseBuild::CompileRecordAttributes(CCorvaneRecord& record)
     const CreatorHandle handle = m_Manager.GetCompiledRecordHandle(record);
     if (handle == 0)
         return true;
+    m_Filter.TakeRecord(record);
     const auto save = [&]
     {
-        for (const CRef<CCorvaneAttrib>& attrib : record.GetAttributeList())
+        const auto attribs = record.GetAttributeList();
+        for (std::size_t i = 0; i < attribs.size(); ++i)
         {
             CreatorHandle created = 0;
-            if (m_Manager.IsAttributeAvailableForBuild(attrib.Get(), m_nBuild) &&
-                !attrib->SaveToDatabase(m_Creator, handle, m_nBuild, created, {}))
+            if (m_Filter.IsAvailable(i) &&
+                !attribs[i]->SaveToDatabase(m_Creator, handle, m_nBuild, created, {}))
                 return false;
         }
         return true;

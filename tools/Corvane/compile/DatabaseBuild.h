@@ -2,6 +2,7 @@
 // compile and never re-enters.
 #pragma once
 
+#include "BuildFilter.h"
 #include "idatabasecreator.h"
 
 #include <cstdint>
@@ -44,5 +45,6 @@ private:
     IDatabaseCreatorMgr& m_Creator;
     CCompileProgress& m_Progress;
     std::uint32_t m_nBuild;
+    CBuildFilter m_Filter;
     CreatorHandle m_nDatabase = 0;
 };

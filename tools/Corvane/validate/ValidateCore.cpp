@@ -1,5 +1,6 @@
 #include "ValidateCore.h"
 
+#include "BuildFilter.h"
 #include "CorvaneMgr.h"
 #include "RunState.h"
 #include "SourceGate.h"
@@ -23,8 +24,9 @@ bool CValidateCore::ValidateDatabase(CCorvaneMgr& manager, std::uint32_t build)
     Clear();
     m_nBuild = build;
     bool valid = true;
+    CBuildFilter filter(manager, build);
     for (const CRef<CCorvaneCategory>& category : manager.GetRootCategories())
-        valid = ValidateCategory(*category) && valid;
+        valid = CheckCategory(*category, filter) && valid;
 
     const CCorvaneContext& context = manager.GetContext();
     if (!context.m_Run.m_sLogPath.empty())
@@ -34,27 +36,40 @@ bool CValidateCore::ValidateDatabase(CCorvaneMgr& manager, std::uint32_t build)
 
 bool CValidateCore::ValidateCategory(CCorvaneCategory& category)
 {
+    CBuildFilter filter(category.GetManager(), m_nBuild);
+    return CheckCategory(category, filter);
+}
+
+bool CValidateCore::ValidateRecord(CCorvaneRecord& record)
+{
+    CBuildFilter filter(record.GetManager(), m_nBuild);
+    return CheckRecord(record, filter);
+}
+
+bool CValidateCore::CheckCategory(CCorvaneCategory& category, CBuildFilter& filter)
+{
     // A special category shows other categories' records, which are checked where they lie.
     if (category.GetCategoryType() != 0)
         return true;
     bool valid = true;
     for (const CRef<CCorvaneRecord>& record : category.GetRecords())
-        valid = ValidateRecord(*record) && valid;
+        valid = CheckRecord(*record, filter) && valid;
     for (const CRef<CCorvaneCategory>& child : category.GetChildren())
-        valid = ValidateCategory(*child) && valid;
+        valid = CheckCategory(*child, filter) && valid;
     return valid;
 }
 
-bool CValidateCore::ValidateRecord(CCorvaneRecord& record)
+bool CValidateCore::CheckRecord(CCorvaneRecord& record, CBuildFilter& filter)
 {
-    const CCorvaneMgr& manager = record.GetManager();
-    if (manager.GetGate().IsDeletePending(record))
+    if (record.GetManager().GetGate().IsDeletePending(record))
         return true;
+    filter.TakeRecord(record);
     bool valid = true;
-    for (const CRef<CCorvaneAttrib>& attrib : record.GetAttributeList())
+    const auto attribs = record.GetAttributeList();
+    for (std::size_t i = 0; i < attribs.size(); ++i)
     {
-        if (manager.IsAttributeAvailableForBuild(attrib.Get(), m_nBuild))
-            valid = attrib->Validate(this) && valid;
+        if (filter.IsAvailable(i))
+            valid = attribs[i]->Validate(this) && valid;
     }
     return valid;
 }

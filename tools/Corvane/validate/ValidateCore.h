@@ -14,6 +14,7 @@
 #include <string_view>
 #include <vector>
 
+class CBuildFilter;
 class CCorvaneCategory;
 class CCorvaneMgr;
 class CCorvaneRecord;
@@ -52,6 +53,9 @@ public:
     [[nodiscard]] bool SaveList(IFileSystem& files, std::u16string_view path) const;
 
 private:
+    [[nodiscard]] bool CheckCategory(CCorvaneCategory& category, CBuildFilter& filter);
+    [[nodiscard]] bool CheckRecord(CCorvaneRecord& record, CBuildFilter& filter);
+
     std::vector<CValidateError> m_Errors;
     std::uint32_t m_nCritical = 0;
     std::uint32_t m_nWarnings = 0;
