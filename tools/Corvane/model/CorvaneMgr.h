@@ -60,7 +60,8 @@ public:
 
     // Load and close (CorvaneMgr_Load). A failed load has told why and leaves no database.
     [[nodiscard]] bool OpenDatabase(std::u16string_view path);
-    // False only when the user cancels. Releases everything, touches no source file.
+    // False only when the user cancels or the save that the user asked for failed. Releases everything,
+    // touches no source file.
     [[nodiscard]] bool CloseDatabase();
     [[nodiscard]] bool LoadRootFile(std::u16string_view path);
     [[nodiscard]] bool LocateProject(std::u16string_view path);

@@ -355,7 +355,7 @@ bool CCorvaneMgr::CloseDatabase()
     return true;
 }
 
-// False when the user cancels.
+// False when the user cancels, or when the save that he asked for failed: closing would lose his changes.
 bool CCorvaneMgr::AskSaveChanges()
 {
     CQuestion question = MakeQuestion(u"Save Changes", u"Save changes to this database?",
@@ -363,7 +363,7 @@ bool CCorvaneMgr::AskSaveChanges()
     question.m_Unattended = EAnswer::No;
     const EAnswer answer = m_Context.m_Questions.Ask(question);
     if (answer == EAnswer::Yes)
-        static_cast<void>(SaveDatabase({}, false));
+        return SaveDatabase({}, false);
     return answer != EAnswer::Cancel;
 }
 
