@@ -32,6 +32,8 @@ std::u16string EncodeMultiLine(std::u16string_view text)
 std::u16string DecodeMultiLine(std::u16string_view text)
 {
     std::u16string out(text);
+    if (text.find(u'\\') == std::u16string_view::npos)
+        return out; // The usual text has nothing to decode.
     ReplaceAll(out, u"\\r\\n", u"\r\n");
     ReplaceAll(out, u"\\r", u"\r\n");
     ReplaceAll(out, u"\\n", u"\r\n");
