@@ -4,144 +4,85 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <memory>
-#include <string>
-#include <vector>
 
-using CList = CObserverList<int>;
-
-TEST(ObserverList, TellsInOrderOfRegistrationAndTheFirstAnswerEnds)
+namespace
 {
-    CList list;
-    std::string told;
-    auto a = list.Add([&](int) { return told += 'a', 0; });
-    auto b = list.Add([&](int value) { return told += 'b', value; });
-    auto c = list.Add([&](int value) { return told += 'c', value + 1; });
-    EXPECT_EQ(list.Notify(0), 1);
-    EXPECT_EQ(told, "abc");
-    told.clear();
-    EXPECT_EQ(list.Notify(7), 7);
-    EXPECT_EQ(told, "ab");
-    a = CObserverHandle();
-    c.Reset();
-    told.clear();
-    EXPECT_EQ(list.Notify(0), 0);
-    EXPECT_EQ(told, "b");
-    b.Reset();
-    EXPECT_TRUE(list.IsEmpty());
-}
-
-TEST(ObserverList, OneAddedDuringANotificationIsToldToo)
+class ObserverList : public testing::Test
 {
-    CList list;
-    std::string told;
-    std::vector<CObserverHandle> late;
-    auto a = list.Add(
-        [&](int)
-        {
-            told += 'a';
-            if (late.empty())
-                late.push_back(list.Add([&](int) { return told += 'x', 0; }));
-            return 0;
-        });
-    auto b = list.Add([&](int) { return told += 'b', 0; });
-    list.Notify(0);
-    EXPECT_EQ(told, "abx");
-}
-
-TEST(ObserverList, OneMayRemoveItselfTheNextAndTheOneBefore)
-{
-    CList list;
-    std::string told;
-    CObserverHandle a, b, c, d;
-    a = list.Add([&](int) { return told += 'a', 0; });
-    b = list.Add(
-        [&](int)
-        {
-            told += 'b';
-            a.Reset();
-            b.Reset();
-            c.Reset();
-            return 0;
-        });
-    c = list.Add([&](int) { return told += 'c', 0; });
-    d = list.Add([&](int) { return told += 'd', 0; });
-    list.Notify(0);
-    EXPECT_EQ(told, "abd");
-    list.Notify(0);
-    EXPECT_EQ(told, "abdd");
-}
-
-TEST(ObserverList, NotificationsNest)
-{
-    CList list;
-    std::string told;
-    CObserverHandle a, b;
-    a = list.Add(
-        [&](int depth)
-        {
-            told += static_cast<char>('0' + depth);
-            if (depth < 2)
-                list.Notify(depth + 1);
-            else
-                b.Reset(); // Removed two levels deep: nobody may be told by a dead entry on the way out.
-            return 0;
-        });
-    b = list.Add([&](int) { return told += 'b', 0; });
-    list.Notify(0);
-    EXPECT_EQ(told, "012");
-    EXPECT_FALSE(list.IsEmpty());
-}
-
-TEST(ObserverList, AHandleMayOutliveItsListAndTheListMayGoWhileItTells)
-{
-    auto list = std::make_unique<CList>();
-    std::string told;
-    CObserverHandle a = list->Add([&](int) { return told += 'a', list.reset(), 0; });
-    list->Notify(0);
-    EXPECT_EQ(told, "a");
-    EXPECT_EQ(list, nullptr);
-    a.Reset();
-}
-
-TEST(RunState, BasePathHasTwoForms)
-{
-    struct SRow
+protected:
+    // An observer that writes its mark, and then acts.
+    [[nodiscard]] CObserverHandle Add(
+        char mark, std::function<int(int)> act = [](int) { return 0; })
     {
-        std::u16string_view path, without, with;
-    };
-    const SRow rows[] = {
-        {u"C:\\Game\\", u"C:\\Game", u"C:\\Game\\"},
-        {u"C:\\Game", u"C:\\Game", u"C:\\Game\\"},
-        {u"/home/game/", u"/home/game", u"/home/game/"},
-        {u"/a\\b", u"/a\\b", u"/a\\b/"},
-        {u"", u"", u""},
-    };
+        return m_pList->Add([this, mark, act](int value) { return m_sTold += mark, act(value); });
+    }
+    // The marks of those that were told, and the result.
+    std::string Notify(int value = 0)
+    {
+        m_sTold.clear();
+        const int result = m_pList->Notify(value);
+        return m_sTold + std::to_string(result);
+    }
+
+    std::unique_ptr<CObserverList<int>> m_pList = std::make_unique<CObserverList<int>>();
+    CObserverHandle m_A, m_B, m_C, m_D;
+    std::string m_sTold;
+};
+} // namespace
+
+TEST_F(ObserverList, TellsInOrderOfRegistrationAndTheFirstAnswerEnds)
+{
+    m_A = Add('a');
+    m_B = Add('b', [](int value) { return value; });
+    m_C = Add('c', [](int value) { return value + 1; });
+    EXPECT_EQ(Notify(0), "abc1");
+    EXPECT_EQ(Notify(7), "ab7");
+    m_A = CObserverHandle();
+    m_C.Reset();
+    EXPECT_EQ(Notify(0), "b0");
+    m_B.Reset();
+    EXPECT_TRUE(m_pList->IsEmpty());
+}
+
+TEST_F(ObserverList, ChangesWhileItTells)
+{
+    // One removes the one before, itself and the next, and adds another, which is told too.
+    m_A = Add('a');
+    m_B = Add('b', [&](int) { return m_A.Reset(), m_B.Reset(), m_C.Reset(), m_D = Add('d'), 0; });
+    m_C = Add('c');
+    EXPECT_EQ(Notify(), "abd0");
+    EXPECT_EQ(Notify(), "d0");
+    // Removed two levels deep: nobody may be told by a dead entry on the way out.
+    m_D = Add('d', [&](int depth) { return depth < 2 ? m_pList->Notify(depth + 1) : (m_C.Reset(), 0); });
+    m_C = Add('c');
+    EXPECT_EQ(Notify(), "ddd0");
+    // The list itself may go; a handle outlives it.
+    m_D = Add('d', [&](int) { return m_pList.reset(), 0; });
+    m_pList->Notify(0);
+    m_D.Reset();
+}
+
+TEST(RunState, BasePathHasTwoFormsAndAScopeRestoresOnlyWhatItSet)
+{
     CRunState run;
     std::u16string told = u"none";
-    const CObserverHandle observer = run.m_Settings.Add(
-        [&](ESettingsEvent event, std::u16string_view value)
-        {
-            EXPECT_EQ(event, ESettingsEvent::BasePath);
-            told = value;
-            return 0;
-        });
-    for (const SRow& row : rows)
+    const CObserverHandle observer =
+        run.m_Settings.Add([&](ESettingsEvent, std::u16string_view value) { return told = value, 0; });
+    const std::u16string_view rows[][3] = {{u"C:\\Game\\", u"C:\\Game", u"C:\\Game\\"},
+                                           {u"C:\\Game", u"C:\\Game", u"C:\\Game\\"},
+                                           {u"/home/game/", u"/home/game", u"/home/game/"},
+                                           {u"/a\\b", u"/a\\b", u"/a\\b/"},
+                                           {u"", u"", u""}};
+    for (const auto& [path, without, with] : rows)
     {
-        run.SetBasePath(row.path);
-        EXPECT_EQ(run.GetBasePath(), row.without);
-        EXPECT_EQ(run.GetBasePathWithSeparator(), row.with);
-        EXPECT_EQ(told, row.with);
+        run.SetBasePath(path);
+        EXPECT_EQ(run.GetBasePath(), without);
+        EXPECT_EQ(run.GetBasePathWithSeparator(), with);
+        EXPECT_EQ(told, with);
     }
-}
-
-TEST(RunState, AScopeRestoresOnlyWhatItSet)
-{
-    CRunState run;
     run.Set(APP_RELOADING);
-    {
-        const CStateScope scope(run, APP_RELOADING | APP_SETTINGS);
-        EXPECT_EQ(run.GetState(), APP_RELOADING | APP_SETTINGS);
-    }
+    EXPECT_EQ((CStateScope(run, APP_RELOADING | APP_SETTINGS), run.GetState()), APP_RELOADING | APP_SETTINGS);
     EXPECT_EQ(run.GetState(), APP_RELOADING);
 }
