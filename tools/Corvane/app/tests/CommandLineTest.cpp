@@ -41,12 +41,7 @@ std::string Describe(const CCorvaneCommandLineInfo& info)
 
 TEST(CommandLine, SwitchesAndParametersFindTheirPlaces)
 {
-    struct SRow
-    {
-        const char* arguments;
-        const char* expected;
-    };
-    const SRow rows[] = {
+    const std::pair<const char*, const char*> rows[] = {
         {"", "new state=0"},
         {"root", "open file=root state=0"},
         {"root second", "open file=root state=0"},
@@ -66,11 +61,11 @@ TEST(CommandLine, SwitchesAndParametersFindTheirPlaces)
         {"-BuildNumber -5 root", "new build=root state=3"},
     };
     CDiskFileSystem files;
-    for (const SRow& row : rows)
+    for (const auto& [arguments, expected] : rows)
     {
         CCorvaneCommandLineInfo info;
-        info.ParseCommandLine(files, Split(row.arguments));
-        EXPECT_EQ(Describe(info), row.expected) << row.arguments;
+        info.ParseCommandLine(files, Split(arguments));
+        EXPECT_EQ(Describe(info), expected) << arguments;
     }
 }
 
@@ -93,19 +88,11 @@ TEST(CommandLine, OnlyRootFileAndOutputTakeTheSpellingOfTheDisk)
 
 TEST(CommandLine, WindowHandlesAreHexadecimalOrDecimal)
 {
-    struct SRow
-    {
-        std::u16string_view text;
-        std::uint32_t expected;
-    };
-    const SRow rows[] = {
-        {u"", 0},     {u"0x00", 0},    {u"0x", 0},
-        {u"12", 12},  {u"0x12", 0x12}, {u"0XfF", 255},
-        {u"x1", 0},   {u"12abc", 12},  {u"0xFFFFFFFF", 0xFFFFFFFF},
-        {u"0x1g", 1},
-    };
-    for (const SRow& row : rows)
-        EXPECT_EQ(ParseWindowHandle(row.text), row.expected) << ToNarrow(row.text);
+    for (const auto& [text, expected] :
+         {std::pair(u"", 0U), std::pair(u"0x00", 0U), std::pair(u"0x", 0U), std::pair(u"12", 12U),
+          std::pair(u"0x12", 0x12U), std::pair(u"0XfF", 255U), std::pair(u"x1", 0U), std::pair(u"12abc", 12U),
+          std::pair(u"0xFFFFFFFF", 0xFFFFFFFFU), std::pair(u"0x1g", 1U)})
+        EXPECT_EQ(ParseWindowHandle(text), expected) << ToNarrow(text);
 }
 
 TEST(RecentFileList, TheNewestComesFirstAndEachOnce)

@@ -15,8 +15,7 @@ constexpr const char* kPacked = "p/Db/Packed.Gamdb00p";
 constexpr const char* kRoot = "~/p/Db/Root.Gamdb00s";
 constexpr const char* kPackingFailed =
     "Packing Failed: The pack switch was detected on the command line but there is no valid document to "
-    "pack.  The "
-    "document either failed to load or was not specified at the command line.\n";
+    "pack.  The document either failed to load or was not specified at the command line.\n";
 
 bool Has(const std::string& text, std::string_view part)
 {
@@ -52,15 +51,10 @@ TEST_F(CShellTest, APackSaysNothingAndWritesItsTarget)
 
 TEST_F(CShellTest, TheBuildNumberDecidesWhatIsPacked)
 {
-    struct SRow
+    for (const auto& [build, later] : {std::pair("9", false), {"10", true}, {"abc", false}, {" 12x", true}})
     {
-        const char* build;
-        bool later;
-    };
-    for (const SRow& row : {SRow{"9", false}, SRow{"10", true}, SRow{"abc", false}, SRow{" 12x", true}})
-    {
-        EXPECT_EQ(Run({"-Pack", "-BuildNumber", row.build, kRoot}).m_nStatus, 0);
-        EXPECT_EQ(Has(m_Scratch.ReadBytes(kPacked), "Later"), row.later) << row.build;
+        EXPECT_EQ(Run({"-Pack", "-BuildNumber", build, kRoot}).m_nStatus, 0);
+        EXPECT_EQ(Has(m_Scratch.ReadBytes(kPacked), "Later"), later) << build;
     }
 }
 
@@ -69,62 +63,47 @@ TEST_F(CShellTest, AFailedPackTellsWhyAndTouchesNothing)
 {
     struct SRow
     {
-        const char* name;
-        std::function<void()> prepare;
         std::vector<std::string> arguments;
-        std::vector<std::string> told;
+        std::string told;
         bool packingFailed;
+        std::function<void()> prepare = [] {};
     };
+    const std::string invalid = "Invalid Game Database Root File: ";
     const SRow rows[] = {
-        {"pack alone", [] {}, {"-Pack"}, {}, true},
-        {"missing root",
-         [] {},
-         {"-Pack", "~/p/Db/None.Gamdb00s"},
-         {m_Scratch.GetPath().string() + "/p/Db/None.Gamdb00s", "no such file"},
-         false},
-        {"output filled twice, so the second is the root",
-         [] {},
-         {"-Output", "a", "-Pack", "b.Gamdb00s"},
-         {"/b.Gamdb00s"},
-         false},
-        {"missing creator",
-         [this] { WriteLocator("none.dll"); },
-         {"-Pack", kRoot},
-         {"Error: Failed to locate the Game Database library.\n"},
-         false},
-        {"root without identifier",
-         [this] { m_Scratch.WriteUtf16("p/Db/Root.Gamdb00s", u"[General]\r\nName=x\r\n"); },
-         {"-Pack", kRoot},
-         {"Invalid Game Database Root File: "},
-         true},
-        {"root in another encoding",
-         [this] { m_Scratch.WriteBytes("p/Db/Root.Gamdb00s", "[General]\r\nName=x\r\n"); },
-         {"-Pack", kRoot},
-         {"Invalid Game Database Root File: "},
-         true},
-        {"no locator",
-         [this] { std::filesystem::remove(m_Scratch.GetPath() / "p/x.proj00"); },
-         {"-Pack", kRoot},
-         {"Project Error: Failed to locate the locator file (*.proj00)"},
-         true},
-    };
+        {{"-Pack"}, "", true},
+        {{"-Pack", "~/p/Db/None.Gamdb00s"}, m_Scratch.GetPath().string() + "/p/Db/None.Gamdb00s", false},
+        {{"-Pack", "None.Gamdb00s"}, "no such file", false},
+        // The output is filled, so that the second is the root.
+        {{"-Output", "a", "-Pack", "b.Gamdb00s"}, "/b.Gamdb00s", false},
+        {{"-Pack", kRoot},
+         "Error: Failed to locate the Game Database library.\n",
+         false,
+         [this] { WriteLocator("none.dll"); }},
+        {{"-Pack", kRoot},
+         invalid,
+         true,
+         [this] { m_Scratch.WriteUtf16("p/Db/Root.Gamdb00s", u"[General]\r\nName=x\r\n"); }},
+        {{"-Pack", kRoot},
+         invalid,
+         true,
+         [this] { m_Scratch.WriteBytes("p/Db/Root.Gamdb00s", "[General]\r\nName=x\r\n"); }},
+        {{"-Pack", kRoot}, "Project Error: Failed to locate the locator file (*.proj00)", true, [this] {
+             std::filesystem::remove(m_Scratch.GetPath() / "p/x.proj00");
+         }}};
     for (const SRow& row : rows)
     {
         m_Scratch.WriteBytes(kPacked, "old");
         row.prepare();
         const SRunResult loud = Run(row.arguments);
-        EXPECT_EQ(loud.m_nStatus, 5) << row.name;
-        for (const std::string& part : row.told)
-            EXPECT_TRUE(Has(loud.m_sOutput, part)) << row.name << ": " << loud.m_sOutput;
-        EXPECT_EQ(Has(loud.m_sOutput, kPackingFailed), row.packingFailed)
-            << row.name << ": " << loud.m_sOutput;
-
+        EXPECT_EQ(loud.m_nStatus, 5) << row.told;
+        EXPECT_TRUE(Has(loud.m_sOutput, row.told)) << loud.m_sOutput;
+        EXPECT_EQ(Has(loud.m_sOutput, kPackingFailed), row.packingFailed) << loud.m_sOutput;
         std::vector<std::string> arguments = row.arguments;
         arguments.insert(arguments.begin(), "-Silent");
         const SRunResult silent = Run(arguments);
-        EXPECT_EQ(silent.m_nStatus, 5) << row.name;
-        EXPECT_EQ(silent.m_sOutput, "") << row.name;
-        EXPECT_EQ(m_Scratch.ReadBytes(kPacked), "old") << row.name;
+        EXPECT_EQ(silent.m_nStatus, 5) << row.told;
+        EXPECT_EQ(silent.m_sOutput, "") << row.told;
+        EXPECT_EQ(m_Scratch.ReadBytes(kPacked), "old") << row.told;
     }
 }
 
@@ -162,28 +141,19 @@ TEST_F(CShellTest, TheProfileIsWrittenAndAFailureKeepsTheRecentFiles)
 
 TEST_F(CShellTest, MessagesOfTheOtherRuns)
 {
-    struct SRow
+    using Row = std::tuple<std::vector<std::string>, int, const char*>;
+    for (const auto& [arguments, status, told] :
+         {Row{{"-UpdateDependency", "p"}, 5, "Dependency output is not in this build of the program."},
+          Row{{"-Window", "12", "-Pack", kRoot},
+              0,
+              "Cannot Find Window: The window handle '12' was specified at the command line but the window "
+              "could not be found."},
+          Row{{}, 5, "libcorvane-ui"}, Row{{kRoot}, 5, "-UpdateDependency"},
+          Row{{"--help"}, 5, "-BuildNumber"}})
     {
-        std::vector<std::string> arguments;
-        int status;
-        const char* told;
-    };
-    const SRow rows[] = {
-        {{"-UpdateDependency", "p"}, 5, "Dependency output is not in this build of the program."},
-        {{"-Window", "12", "-Pack", kRoot},
-         0,
-         "Cannot Find Window: The window handle '12' was specified at the command line but the window could "
-         "not be "
-         "found."},
-        {{}, 5, "libcorvane-ui"},
-        {{kRoot}, 5, "-UpdateDependency"},
-        {{"--help"}, 5, "-BuildNumber"},
-    };
-    for (const SRow& row : rows)
-    {
-        const SRunResult result = Run(row.arguments);
-        EXPECT_EQ(result.m_nStatus, row.status) << row.told;
-        EXPECT_TRUE(Has(result.m_sOutput, row.told)) << result.m_sOutput;
+        const SRunResult result = Run(arguments);
+        EXPECT_EQ(result.m_nStatus, status) << told;
+        EXPECT_TRUE(Has(result.m_sOutput, told)) << result.m_sOutput;
     }
     EXPECT_EQ(Run({"-Silent", "-UpdateDependency", "p", "-Window", "12"}).m_sOutput, "");
     const SRunResult both = Run({"-UpdateDependency", "p", "-Pack", kRoot});
@@ -223,7 +193,7 @@ TEST_F(CShellTest, AnInteractiveRunHandsOverToItsModule)
     EXPECT_EQ(result.m_nStatus, 0);
     EXPECT_EQ(result.m_sOutput, "open, 1 recent\nreleased\n");
     EXPECT_EQ(Run({}).m_sOutput, "open, 1 recent\nreleased\n") << "the last file is opened again";
-    EXPECT_EQ(Run({"~/p/None.Gamdb00s"}).m_sOutput, "Open Failed [asked by the windows]\nreleased\n");
+    EXPECT_EQ(Run({"~/p/None.Gamdb00s"}).m_sOutput, "Open Failed asked\nreleased\n");
     EXPECT_EQ(Run({"-Pack", kRoot}).m_sOutput, "") << "a batch run needs no windows";
 
     std::u16string profile = ReadProfile();

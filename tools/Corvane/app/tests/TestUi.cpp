@@ -2,38 +2,13 @@
 #include "CorvaneMgr.h"
 #include "RecentFileList.h"
 #include "UiModule.h"
-#include "host/Questions.h"
+#include "Unicode.h"
+#include "host/RecordingQuestions.h"
 
 #include <cstdio>
 
 namespace
 {
-class CPrintedQuestions final : public IQuestions
-{
-public:
-    [[nodiscard]] EAnswer Ask(const CQuestion& question) override
-    {
-        for (const char16_t unit : question.m_sTitle)
-            std::putchar(static_cast<char>(unit));
-        std::puts(" [asked by the windows]");
-        return question.m_Unattended;
-    }
-    [[nodiscard]] std::unique_ptr<IProgress> CreateProgress(std::u16string_view) override
-    {
-        return std::make_unique<CNoProgress>();
-    }
-    void PumpMessages() override {}
-
-private:
-    class CNoProgress final : public IProgress
-    {
-    public:
-        void SetText(std::u16string_view) override {}
-        void SetPercent(int) override {}
-        [[nodiscard]] bool Pump() override { return false; }
-    };
-};
-
 class CTestUi final : public ICorvaneUi
 {
 public:
@@ -48,6 +23,8 @@ public:
     }
     void Release() override
     {
+        for (const CQuestion& question : m_Questions.GetQuestions())
+            std::printf("%s asked\n", ToNarrow(question.m_sTitle).c_str());
         std::puts("released");
         std::fflush(stdout);
         delete this;
@@ -55,7 +32,7 @@ public:
 
 private:
     ICorvaneApplication& m_Application;
-    CPrintedQuestions m_Questions;
+    CRecordingQuestions m_Questions;
 };
 } // namespace
 
