@@ -5,35 +5,26 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <random>
 
 namespace
 {
 using Categories = std::span<const CRef<CCorvaneCategory>>;
 
-CCorvaneCategory* ScanCategory(Categories list, std::u16string_view name)
+// The first of a list whose text, as this function reads it, is `text`.
+template <class L, class F> auto* Scan(const L& list, F read, std::u16string_view text)
 {
-    for (const CRef<CCorvaneCategory>& category : list)
-    {
-        if (EqualNames(category->GetName(), name))
-            return category.Get();
-    }
-    return nullptr;
+    const auto found =
+        std::find_if(list.begin(), list.end(), [&](const auto& one) { return EqualNames(read(*one), text); });
+    return found == list.end() ? nullptr : found->Get();
 }
-
-CCorvaneRecord* ScanOwn(const CCorvaneCategory& category, std::u16string_view text, bool file)
-{
-    for (const CRef<CCorvaneRecord>& record : category.GetRecords())
-    {
-        if (EqualNames(file ? record->GetFile() : record->GetName(), text))
-            return record.Get();
-    }
-    return nullptr;
-}
+constexpr auto kName = [](const auto& object) { return object.GetName(); };
+constexpr auto kFile = [](const auto& object) { return object.GetFile(); };
 
 CCorvaneRecord* ScanNamespace(const CCorvaneCategory& category, std::u16string_view name)
 {
-    if (CCorvaneRecord* own = ScanOwn(category, name, false))
+    if (CCorvaneRecord* own = Scan(category.GetRecords(), kName, name))
         return own;
     for (const CRef<CCorvaneCategory>& child : category.GetChildren())
     {
@@ -80,42 +71,15 @@ public:
 
     void Step()
     {
+        constexpr void (CRandomTree::*kSteps[])() = {
+            &CRandomTree::AddRecord,   &CRandomTree::AddRecord,    &CRandomTree::AddRecord,
+            &CRandomTree::DropRecord,  &CRandomTree::RenameRecord, &CRandomTree::SetFile,
+            &CRandomTree::MoveRecord,  &CRandomTree::AddCategory,  &CRandomTree::RenameCategory,
+            &CRandomTree::MoveCategory};
         Collect();
-        CCorvaneCategory& category = *m_Categories[Number(m_Categories.size())];
-        CCorvaneRecord* record = m_Records.empty() ? nullptr : m_Records[Number(m_Records.size())];
-        switch (Number(10))
-        {
-        case 0:
-        case 1:
-        case 2:
-            AddRecord(category);
-            break;
-        case 3:
-            if (record)
-                Drop(*record);
-            break;
-        case 4:
-            if (record)
-                Rename(*record);
-            break;
-        case 5:
-            if (record)
-                record->SetFile(u"/d/" + Name() + u".record");
-            break;
-        case 6:
-            if (record)
-                static_cast<void>(m_Database.Get().MoveRecordUnchecked(&category, *record, true));
-            break;
-        case 7:
-            AddCategory(category);
-            break;
-        case 8:
-            category.SetName(Name());
-            break;
-        default:
-            MoveCategory(category);
-            break;
-        }
+        m_pCategory = Pick(m_Categories);
+        m_pRecord = m_Records.empty() ? nullptr : Pick(m_Records);
+        (this->*kSteps[Number(std::size(kSteps))])();
     }
 
     void Check()
@@ -125,16 +89,16 @@ public:
         for (const std::u16string_view name : kNames)
         {
             const std::u16string text(name);
-            EXPECT_EQ(manager.FindCategory(name, nullptr), ScanCategory(manager.GetRootCategories(), name));
+            EXPECT_EQ(manager.FindCategory(name, nullptr), Scan(manager.GetRootCategories(), kName, name));
             for (CCorvaneCategory* category : m_Categories)
             {
-                EXPECT_EQ(category->FindRecordByName(name), ScanOwn(*category, name, false));
+                EXPECT_EQ(category->FindRecordByName(name), Scan(category->GetRecords(), kName, name));
                 EXPECT_EQ(category->FindRecordByFile(u"/D/" + text + u".record"),
-                          ScanOwn(*category, u"/d/" + text + u".record", true));
+                          Scan(category->GetRecords(), kFile, u"/d/" + text + u".record"));
                 EXPECT_EQ(manager.FindRecord(name, category), ScanNamespace(*category, name));
-                EXPECT_EQ(category->FindChild(name), ScanCategory(category->GetChildren(), name));
+                EXPECT_EQ(category->FindChild(name), Scan(category->GetChildren(), kName, name));
                 const CCorvaneCategory& system = *manager.GetSystemCategory(category);
-                CCorvaneRecord* except = m_Records.empty() ? nullptr : m_Records[Number(m_Records.size())];
+                CCorvaneRecord* except = m_Records.empty() ? nullptr : Pick(m_Records);
                 EXPECT_EQ(manager.IsRecordNameFree(*category, name, except),
                           !ScanTaken(system, name, except));
                 const std::u16string file = u"/d/" + text + u"/cvd.category";
@@ -152,6 +116,7 @@ private:
     {
         return std::uniform_int_distribution<std::size_t>(0, below - 1)(m_Random);
     }
+    template <class T> T* Pick(const std::vector<T*>& list) { return list[Number(list.size())]; }
     std::u16string Name() { return std::u16string(kNames[Number(std::size(kNames))]); }
 
     void Collect()
@@ -164,59 +129,65 @@ private:
                                           { return m_Records.push_back(&record), true; });
     }
 
-    void AddRecord(CCorvaneCategory& category)
+    void AddRecord()
     {
         const CRef<CCorvaneRecord> record = m_Schema.CloneRecordFromTemplate();
-        EXPECT_TRUE(record->SetCategory(&category, true) && record->SetName(Name()));
+        EXPECT_TRUE(record->SetCategory(m_pCategory, true) && record->SetName(Name()));
         record->SetFile(u"/d/" + Name() + u".record");
-        category.AddRecord(*record);
-        category.AddRecord(*record); // Once more changes nothing.
+        m_pCategory->AddRecord(*record);
+        m_pCategory->AddRecord(*record); // Once more changes nothing.
     }
-
-    void Rename(CCorvaneRecord& record) { EXPECT_TRUE(record.SetName(Name())); }
-
-    static void Drop(CCorvaneRecord& record)
+    void RenameRecord() { EXPECT_TRUE(!m_pRecord || m_pRecord->SetName(Name())); }
+    void SetFile()
     {
-        const CRef<CCorvaneRecord> keepAlive(&record);
-        EXPECT_TRUE(record.GetCategory()->RemoveRecord(record));
-        EXPECT_FALSE(record.GetCategory()->RemoveRecord(record));
-        record.Clear();
+        if (m_pRecord)
+            m_pRecord->SetFile(u"/d/" + Name() + u".record");
     }
-
-    void AddCategory(CCorvaneCategory& parent)
+    void MoveRecord()
+    {
+        if (m_pRecord)
+            static_cast<void>(m_Database.Get().MoveRecordUnchecked(m_pCategory, *m_pRecord, true));
+    }
+    void DropRecord()
+    {
+        const CRef<CCorvaneRecord> keepAlive(m_pRecord);
+        if (!m_pRecord)
+            return;
+        EXPECT_TRUE(m_pRecord->GetCategory()->RemoveRecord(*m_pRecord));
+        EXPECT_FALSE(m_pRecord->GetCategory()->RemoveRecord(*m_pRecord));
+        m_pRecord->Clear();
+    }
+    void RenameCategory() { m_pCategory->SetName(Name()); }
+    void AddCategory()
     {
         if (m_Categories.size() > 25)
             return;
         if (Number(2) == 0)
-        {
-            static_cast<void>(m_Database.Get().CreateVirtualRelativeCategory(&parent, Name()));
-            return;
-        }
-        CCorvaneCategory* above = Number(3) == 0 ? nullptr : &parent;
+            return static_cast<void>(m_Database.Get().CreateVirtualRelativeCategory(m_pCategory, Name()));
+        CCorvaneCategory* above = Number(3) == 0 ? nullptr : m_pCategory;
         const CRef<CCorvaneCategory> category(
             new CCorvaneCategory(m_Database.Get(), Name(), {}, {}, &m_Schema, above, CATEGORY_FLAG_SYSTEM));
         category->SetFile(u"/d/" + Name() + u"/cvd.category");
         static_cast<void>(m_Database.Get().AddCategory(category));
     }
-
-    void MoveCategory(CCorvaneCategory& category)
+    void MoveCategory()
     {
-        CCorvaneCategory& target = *m_Categories[Number(m_Categories.size())];
+        CCorvaneCategory& target = *Pick(m_Categories);
+        bool below = m_pCategory->GetParent() == nullptr;
         for (const CCorvaneCategory* above = &target; above != nullptr; above = above->GetParent())
-        {
-            if (above == &category)
-                return;
-        }
-        if (category.GetParent() == nullptr)
+            below = below || above == m_pCategory;
+        if (below)
             return;
-        const CRef<CCorvaneCategory> keepAlive(&category);
-        EXPECT_TRUE(category.GetParent()->RemoveChildCategory(category));
-        target.AddChildCategory(category);
+        const CRef<CCorvaneCategory> keepAlive(m_pCategory);
+        EXPECT_TRUE(m_pCategory->GetParent()->RemoveChildCategory(*m_pCategory));
+        target.AddChildCategory(*m_pCategory);
     }
 
     CTestDatabase& m_Database;
     CCorvaneSchema& m_Schema;
     std::mt19937 m_Random{7};
+    CCorvaneCategory* m_pCategory = nullptr;
+    CCorvaneRecord* m_pRecord = nullptr;
     std::vector<CCorvaneCategory*> m_Categories;
     std::vector<CCorvaneRecord*> m_Records;
 };

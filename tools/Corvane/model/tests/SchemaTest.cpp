@@ -9,7 +9,45 @@
 namespace fs = std::filesystem;
 using testing::HasSubstr;
 
-TEST(Schema, GathersAndSortsItsEntries)
+namespace
+{
+// A parent schema with two entries, a derived one, and records of both with values of their own.
+void WriteFamily(const CTestDatabase& database)
+{
+    database.AddSchema("Base",
+                       "[Attrib.A.0]\nType=Integer\nDefault=1\n\n[Attrib.B.0]\nType=Integer\nDefault=2\n\n");
+    database.AddSchema("Derived", "[Attrib.C.0]\nType=Integer\nDefault=3\n\n", "Base");
+    database.AddCategory("Bases", "Base");
+    database.AddCategory("Deriveds", "Derived");
+    database.AddRecord("Bases/R", "Base", "[Attrib.A]\nValue.0000=10\n\n[Attrib.B]\nValue.0000=20\n\n");
+    database.AddRecord(
+        "Deriveds/R", "Derived",
+        "[Attrib.A]\nValue.0000=11\n\n[Attrib.B]\nValue.0000=21\n\n[Attrib.C]\nValue.0000=31\n\n");
+}
+
+std::string Dump(const CTestDatabase& database, std::string_view path)
+{
+    std::string text;
+    for (const CRef<CCorvaneAttrib>& attrib : database.Record(path).GetAttributeList())
+        text += ToNarrow(attrib->GetName()) + "=" + ToNarrow(attrib->GetValue(0)) + " ";
+    return text;
+}
+class SchemaFile : public testing::Test, protected CTestDatabase
+{
+};
+
+class SchemaFamily : public SchemaFile
+{
+protected:
+    void SetUp() override
+    {
+        WriteFamily(*this);
+        ASSERT_TRUE(Open());
+    }
+};
+} // namespace
+
+TEST(SchemaOrder, GathersAndSortsItsEntries)
 {
     struct SCase
     {
@@ -52,18 +90,16 @@ TEST(Schema, GathersAndSortsItsEntries)
     }
 }
 
-TEST(Schema, ReadsFlagsAndCounts)
+TEST_F(SchemaFile, ReadsFlagsAndCounts)
 {
-    CTestDatabase database;
-    database.AddSchema("S",
-                       "[Attrib.A]\nType=INTEGER\nValues=0\nInherit=true\nDeleted=yes\nHelp=h\n"
-                       "[Attrib.B]\nType=Integer\nValues=-1\nInherit=FALSE\nDeleted=true\nUnicode=True\n"
-                       "[Attrib.C]\nType=Integer\nInherit=no\nValues=-7\n[Attrib.D]\nData=without a type\n"
-                       "[Attrib.E]\nType=Nonsense\n[Attrib.F]\nType=Integer\nValues=3\n");
-    database.AddSchema("Greedy", "[Attrib.A.0]\nType=Text\nValues=2147483647\n[Attrib.B.0]\nType=Text\n");
-    ASSERT_TRUE(database.Open());
-    const auto list = database.Schema("S").GetAttribDataList();
-    ASSERT_EQ(database.GetTemplateList("S"), "A.0 B.0 C.0 F.0 ");
+    AddSchema("S", "[Attrib.A]\nType=INTEGER\nValues=0\nInherit=true\nDeleted=yes\nHelp=h\n"
+                   "[Attrib.B]\nType=Integer\nValues=-1\nInherit=FALSE\nDeleted=true\nUnicode=True\n"
+                   "[Attrib.C]\nType=Integer\nInherit=no\nValues=-7\n[Attrib.D]\nData=without a type\n"
+                   "[Attrib.E]\nType=Nonsense\n[Attrib.F]\nType=Integer\nValues=3\n");
+    AddSchema("Greedy", "[Attrib.A.0]\nType=Text\nValues=2147483647\n[Attrib.B.0]\nType=Text\n");
+    ASSERT_TRUE(Open());
+    const auto list = Schema("S").GetAttribDataList();
+    ASSERT_EQ(GetTemplateList("S"), "A.0 B.0 C.0 F.0 ");
     ASSERT_EQ(list.size(), 4U);
     const std::uint32_t all = ATTRIB_FLAG_DELETED | ATTRIB_FLAG_INHERIT | ATTRIB_FLAG_UNICODE;
     EXPECT_TRUE(list[0]->TestFlag(ATTRIB_FLAG_INHERIT) && !list[0]->TestFlag(all & ~ATTRIB_FLAG_INHERIT));
@@ -73,21 +109,20 @@ TEST(Schema, ReadsFlagsAndCounts)
     EXPECT_EQ(list[0]->GetValues(), 1);
     EXPECT_EQ(list[1]->GetValues(), kVariableValues);
     EXPECT_EQ(list[2]->GetValues(), 1);
-    EXPECT_EQ(database.Schema("S").GetTemplate()->GetAttributeList()[3]->GetValueCount(), 3U);
+    EXPECT_EQ(Schema("S").GetTemplate()->GetAttributeList()[3]->GetValueCount(), 3U);
     // A count that no memory holds costs the attribute, not the program.
-    EXPECT_EQ(database.GetTemplateList("Greedy"), "B.0 ");
-    ASSERT_EQ(database.GetTitles(), "Invalid Attribute;Invalid Attribute;");
-    EXPECT_EQ(ToNarrow(database.m_Questions.GetQuestions()[1].m_sText),
+    EXPECT_EQ(GetTemplateList("Greedy"), "B.0 ");
+    ASSERT_EQ(GetTitles(), "Invalid Attribute;Invalid Attribute;");
+    EXPECT_EQ(ToNarrow(m_Questions.GetQuestions()[1].m_sText),
               "Failed to create attribute of type 'Nonsense' in schema 'S'.  The attribute type may be "
               "invalid.\n\n" +
-                  database.GetPath("Schemas/S.schema").string());
+                  GetPath("Schemas/S.schema").string());
 }
 
-TEST(Schema, ConnectsParentsInAnyOrderOfFiles)
+TEST_F(SchemaFile, ConnectsParentsInAnyOrderOfFiles)
 {
-    CTestDatabase database;
     const auto add = [&](std::string_view name, std::string_view parent)
-    { database.AddSchema(name, "[Attrib." + std::string(name) + "x.0]\nType=Integer\n", parent); };
+    { AddSchema(name, "[Attrib." + std::string(name) + "x.0]\nType=Integer\n", parent); };
     add("A", "b");
     add("B", "C");
     add("C", "");
@@ -95,55 +130,25 @@ TEST(Schema, ConnectsParentsInAnyOrderOfFiles)
     add("Ring1", "Ring2");
     add("Ring2", "Ring1");
     add("Tail", "Ring1");
-    database.Write("Z.schema", "[Schema]\nName=c\n");
-    ASSERT_TRUE(database.Open());
-    EXPECT_EQ(database.GetTemplateList("A"), "Cx.0 Bx.0 Ax.0 ");
-    EXPECT_EQ(database.GetTemplateList("B"), "Cx.0 Bx.0 ");
-    EXPECT_EQ(database.GetTemplateList("Ring1"), "Ring1x.0 ");
-    EXPECT_EQ(database.GetTemplateList("Tail"), "Ring1x.0 Tailx.0 ");
-    EXPECT_TRUE(database.Schema("A").IsDerivedFrom(database.Schema("C")));
-    EXPECT_FALSE(database.Schema("C").IsDerivedFrom(database.Schema("A")));
-    EXPECT_EQ(database.GetTitles(),
-              "Schema Duplicates;Find Schema Failed;Find Schema Failed;Find Schema Failed;");
-    EXPECT_EQ(database.m_Questions.GetQuestions()[1].m_sText,
+    Write("Z.schema", "[Schema]\nName=c\n");
+    ASSERT_TRUE(Open());
+    EXPECT_EQ(GetTemplateList("A"), "Cx.0 Bx.0 Ax.0 ");
+    EXPECT_EQ(GetTemplateList("B"), "Cx.0 Bx.0 ");
+    EXPECT_EQ(GetTemplateList("Ring1"), "Ring1x.0 ");
+    EXPECT_EQ(GetTemplateList("Tail"), "Ring1x.0 Tailx.0 ");
+    EXPECT_TRUE(Schema("A").IsDerivedFrom(Schema("C")));
+    EXPECT_FALSE(Schema("C").IsDerivedFrom(Schema("A")));
+    EXPECT_EQ(GetTitles(), "Schema Duplicates;Find Schema Failed;Find Schema Failed;Find Schema Failed;");
+    EXPECT_EQ(m_Questions.GetQuestions()[1].m_sText,
               u"Failed to find schema 'Nobody'.  This schema is specified as the parent of schema 'Lost'.");
-    EXPECT_EQ(database.GetQuestion("Schema Duplicates"),
+    EXPECT_EQ(GetQuestion("Schema Duplicates"),
               "Duplicate schemas have been detected.  A schema called 'c' already exist in the global schema "
               "namespace.\n\n" +
-                  database.GetPath("Z.schema").string() + "\n\nv.s.\n\n" +
-                  database.GetPath("Schemas/C.schema").string());
+                  GetPath("Z.schema").string() + "\n\nv.s.\n\n" + GetPath("Schemas/C.schema").string());
 }
 
-namespace
+TEST_F(SchemaFamily, AReloadKeepsEveryValue)
 {
-// A parent schema with two entries, a derived one, and records of both with values of their own.
-void WriteFamily(const CTestDatabase& database)
-{
-    database.AddSchema("Base",
-                       "[Attrib.A.0]\nType=Integer\nDefault=1\n\n[Attrib.B.0]\nType=Integer\nDefault=2\n\n");
-    database.AddSchema("Derived", "[Attrib.C.0]\nType=Integer\nDefault=3\n\n", "Base");
-    database.AddCategory("Bases", "Base");
-    database.AddCategory("Deriveds", "Derived");
-    database.AddRecord("Bases/R", "Base", "[Attrib.A]\nValue.0000=10\n\n[Attrib.B]\nValue.0000=20\n\n");
-    database.AddRecord(
-        "Deriveds/R", "Derived",
-        "[Attrib.A]\nValue.0000=11\n\n[Attrib.B]\nValue.0000=21\n\n[Attrib.C]\nValue.0000=31\n\n");
-}
-
-std::string Dump(const CTestDatabase& database, std::string_view path)
-{
-    std::string text;
-    for (const CRef<CCorvaneAttrib>& attrib : database.Record(path).GetAttributeList())
-        text += ToNarrow(attrib->GetName()) + "=" + ToNarrow(attrib->GetValue(0)) + " ";
-    return text;
-}
-} // namespace
-
-TEST(Schema, AReloadKeepsEveryValue)
-{
-    CTestDatabase database;
-    WriteFamily(database);
-    ASSERT_TRUE(database.Open());
     const auto entry = [](const char* name, const char* rest)
     { return "[Attrib." + std::string(name) + "]\nType=Integer\n" + rest + "\n"; };
     const std::pair<std::string, std::pair<std::string, std::string>> cases[] = {
@@ -157,63 +162,53 @@ TEST(Schema, AReloadKeepsEveryValue)
     };
     for (const auto& [sections, expected] : cases)
     {
-        database.AddSchema("Base", sections);
-        ASSERT_TRUE(database.Schema("Base").ReloadFromFile());
-        EXPECT_EQ(Dump(database, "Bases/R"), expected.first) << sections;
-        EXPECT_EQ(Dump(database, "Deriveds/R"), expected.second) << sections;
-        EXPECT_EQ(database.Schema("Base").GetAttribDataList().size(),
-                  database.Schema("Base").GetTemplate()->GetAttributeList().size());
+        AddSchema("Base", sections);
+        ASSERT_TRUE(Schema("Base").ReloadFromFile());
+        EXPECT_EQ(Dump(*this, "Bases/R"), expected.first) << sections;
+        EXPECT_EQ(Dump(*this, "Deriveds/R"), expected.second) << sections;
+        EXPECT_EQ(Schema("Base").GetAttribDataList().size(),
+                  Schema("Base").GetTemplate()->GetAttributeList().size());
     }
     // A record that had no value of its own sees the new default.
-    EXPECT_EQ(database.Attrib("Bases/R", "B").GetValue(9), u"t");
+    EXPECT_EQ(Attrib("Bases/R", "B").GetValue(9), u"t");
     // The repair can write what it repaired, changed or not.
-    EXPECT_FALSE(database.Record("Bases/R").TestFlag(RECORD_FLAG_MODIFIED));
-    EXPECT_TRUE(database.Get().FixRecords(database.Schema("Base"), true));
-    EXPECT_THAT(database.Read("Bases/R.record"), HasSubstr("Value.0000=10\n\n[Attrib.B]\n"));
-    EXPECT_THAT(database.Read("Bases/R.record"), HasSubstr("Value.0000=t\n"));
-    EXPECT_EQ(database.GetTitles(), "");
+    EXPECT_FALSE(Record("Bases/R").TestFlag(RECORD_FLAG_MODIFIED));
+    EXPECT_TRUE(Get().FixRecords(Schema("Base"), true));
+    EXPECT_THAT(Read("Bases/R.record"), HasSubstr("Value.0000=10\n\n[Attrib.B]\n"));
+    EXPECT_THAT(Read("Bases/R.record"), HasSubstr("Value.0000=t\n"));
+    EXPECT_EQ(GetTitles(), "");
 }
 
-TEST(Schema, AFailedReloadLeavesItAsItWas)
+TEST_F(SchemaFamily, AFailedReloadLeavesItAsItWas)
 {
-    CTestDatabase database;
-    WriteFamily(database);
-    ASSERT_TRUE(database.Open());
-    const CTestDatabase::Snapshot before = database.TakeSnapshot();
-    database.WriteBytes("Schemas/Base.schema", "[Schema]\nName=Base\n");
-    EXPECT_FALSE(database.Schema("Base").ReloadFromFile());
-    database.Write("Schemas/Base.schema", "[Schema]\nName=Derived\n");
-    EXPECT_FALSE(database.Schema("Base").ReloadFromFile());
-    fs::remove(database.GetPath("Schemas/Base.schema"));
-    EXPECT_FALSE(database.Schema("Base").ReloadFromFile());
-    EXPECT_EQ(database.GetTemplateList("Derived"), "A.0 B.0 C.0 ");
-    EXPECT_EQ(Dump(database, "Deriveds/R"), "A=11 B=21 C=31 ");
-    EXPECT_EQ(database.GetTitles(), "Invalid Schema File Format;Schema Duplicates;File Open Failed;");
+    WriteBytes("Schemas/Base.schema", "[Schema]\nName=Base\n");
+    EXPECT_FALSE(Schema("Base").ReloadFromFile());
+    Write("Schemas/Base.schema", "[Schema]\nName=Derived\n");
+    EXPECT_FALSE(Schema("Base").ReloadFromFile());
+    fs::remove(GetPath("Schemas/Base.schema"));
+    EXPECT_FALSE(Schema("Base").ReloadFromFile());
+    EXPECT_EQ(GetTemplateList("Derived"), "A.0 B.0 C.0 ");
+    EXPECT_EQ(Dump(*this, "Deriveds/R"), "A=11 B=21 C=31 ");
+    EXPECT_EQ(GetTitles(), "Invalid Schema File Format;Schema Duplicates;File Open Failed;");
 }
 
-TEST(Schema, AReloadFollowsNewNamesAndParents)
+TEST_F(SchemaFamily, AReloadFollowsNewNamesAndParents)
 {
-    CTestDatabase database;
-    WriteFamily(database);
-    ASSERT_TRUE(database.Open());
-    database.Write("Schemas/Base.schema", "[Schema]\nName=Renamed\n\n[Attrib.A.0]\nType=Integer\n\n");
-    ASSERT_TRUE(database.Schema("Base").ReloadFromFile());
-    EXPECT_EQ(database.Get().FindSchema(u"Base"), nullptr);
-    EXPECT_EQ(Dump(database, "Bases/R"), "A=10 ");
-    EXPECT_EQ(Dump(database, "Deriveds/R"), "C=31 ");
-    EXPECT_EQ(database.GetTitles(), "Find Schema Failed;");
-    database.AddSchema("Derived", "[Attrib.C.0]\nType=Integer\nDefault=3\n\n", "renamed");
-    ASSERT_TRUE(database.Schema("Derived").ReloadFromFile());
-    EXPECT_EQ(Dump(database, "Deriveds/R"), "A=0 C=31 ");
+    Write("Schemas/Base.schema", "[Schema]\nName=Renamed\n\n[Attrib.A.0]\nType=Integer\n\n");
+    ASSERT_TRUE(Schema("Base").ReloadFromFile());
+    EXPECT_EQ(Get().FindSchema(u"Base"), nullptr);
+    EXPECT_EQ(Dump(*this, "Bases/R"), "A=10 ");
+    EXPECT_EQ(Dump(*this, "Deriveds/R"), "C=31 ");
+    EXPECT_EQ(GetTitles(), "Find Schema Failed;");
+    AddSchema("Derived", "[Attrib.C.0]\nType=Integer\nDefault=3\n\n", "renamed");
+    ASSERT_TRUE(Schema("Derived").ReloadFromFile());
+    EXPECT_EQ(Dump(*this, "Deriveds/R"), "A=0 C=31 ");
 }
 
-TEST(Schema, SavesItsOwnEntriesOnly)
+TEST_F(SchemaFamily, SavesItsOwnEntriesOnly)
 {
-    CTestDatabase database;
-    WriteFamily(database);
-    ASSERT_TRUE(database.Open());
-    ASSERT_TRUE(database.Get().SaveSchema(&database.Schema("Derived")));
-    EXPECT_EQ(database.Read("Schemas/Derived.schema"),
+    ASSERT_TRUE(Get().SaveSchema(&Schema("Derived")));
+    EXPECT_EQ(Read("Schemas/Derived.schema"),
               "[Schema]\nName=Derived\nHelp=\nParent=Base\n\n[Attrib.C.0]\nType=Integer\nData=\nDefault="
               "3\nUnicode=False\n"
               "Deleted=False\nInherit=True\nValues=1\nHelp=\n\n");

@@ -15,7 +15,8 @@ void WriteChain(const CTestDatabase& database)
 {
     database.AddSchema("S", "[Attrib.One.0]\nType=Text\nDefault=d1\n\n"
                             "[Attrib.Three.0]\nType=Text\nDefault=d3\nValues=3\n\n"
-                            "[Attrib.Any.0]\nType=Text\nDefault=dx\nValues=-1\n\n");
+                            "[Attrib.Any.0]\nType=Text\nDefault=dx\nValues=-1\n\n"
+                            "[Attrib.Note.0]\nType=Memo\nValues=-1\n\n");
     database.AddCategory("C", "S");
     database.AddRecord("C/Top", "S",
                        "[Attrib.One]\nValue.0000=top\n\n[Attrib.Three]\nValue.0001=t1\n\n"
@@ -31,23 +32,25 @@ void WriteChain(const CTestDatabase& database)
     database.AddRecord("C/Other", "S",
                        "[Attrib.Three]\nValue.0000=o0\nValue.0002=lost\n\n[Attrib.Any]\nInherit=False\n\n");
 }
+
+class ValueFile : public testing::Test, protected CTestDatabase
+{
+};
+
+class ValueChain : public ValueFile
+{
+protected:
+    void SetUp() override
+    {
+        WriteChain(*this);
+        ASSERT_TRUE(Open());
+    }
+};
 } // namespace
 
-TEST(Value, ResolvesThroughParentsAndDefaults)
+TEST_F(ValueChain, ResolvesThroughParentsAndDefaults)
 {
-    CTestDatabase database;
-    WriteChain(database);
-    ASSERT_TRUE(database.Open());
-    struct SRow
-    {
-        const char* m_szRecord;
-        const char* m_szAttrib;
-        std::size_t m_nIndex;
-        const char* m_szValue;
-        std::size_t m_nCount;
-        bool m_bSet;
-    };
-    constexpr SRow kRows[] = {
+    const std::tuple<const char*, const char*, std::size_t, const char*, std::size_t, bool> rows[] = {
         {"C/Top", "One", 0, "top", 1, true},
         {"C/Top", "One", 5, "d1", 1, false}, // Past the end: the default, although the first value is set.
         {"C/Middle", "One", 0, "top", 1, true},
@@ -65,23 +68,22 @@ TEST(Value, ResolvesThroughParentsAndDefaults)
         {"C/Bottom", "Any", 2, "dx", 2, false},
         {"C/Other", "Any", 0, "dx", 0, false}, // A section without values has none.
     };
-    for (const SRow& row : kRows)
+    for (const auto& [record, name, index, value, count, set] : rows)
     {
-        const std::string where = std::string(row.m_szRecord) + " " + row.m_szAttrib;
-        CCorvaneType& attrib = database.Attrib(row.m_szRecord, row.m_szAttrib);
-        EXPECT_EQ(ToNarrow(attrib.GetValue(row.m_nIndex)), row.m_szValue) << where << row.m_nIndex;
-        EXPECT_EQ(attrib.GetValueCount(), row.m_nCount) << where;
-        EXPECT_EQ(attrib.IsValueSet(row.m_nIndex), row.m_bSet) << where << row.m_nIndex;
+        const CCorvaneType& attrib = Attrib(record, name);
+        EXPECT_EQ(ToNarrow(attrib.GetValue(index)), value) << record << name << index;
+        EXPECT_EQ(attrib.GetValueCount(), count) << record << name;
+        EXPECT_EQ(attrib.IsValueSet(index), set) << record << name << index;
     }
     // A parent with fewer values lends its own default; so does a change of the schema's default to all.
-    CCorvaneType& top = database.Attrib("C/Top", "Any");
+    CCorvaneType& top = Attrib("C/Top", "Any");
     ASSERT_TRUE(top.RemoveValue(0) && top.RemoveValue(0));
-    EXPECT_EQ(database.Value("C/Bottom", "Any"), "dx");
+    EXPECT_EQ(Value("C/Bottom", "Any"), "dx");
     static_cast<CCorvaneType&>(const_cast<CCorvaneAttrib&>(*top.GetDefault())).ReplaceValues({});
-    EXPECT_EQ(database.Attrib("C/Bottom", "Any").GetValue(0), u"");
+    EXPECT_EQ(Attrib("C/Bottom", "Any").GetValue(0), u"");
 }
 
-TEST(Value, AListKeepsWhatAVectorWould)
+TEST(ValueList, AListKeepsWhatAVectorWould)
 {
     // Around the length that lies inside the object, with texts that lie in the list itself.
     const std::u16string texts[] = {u"", u"x", std::u16string(11, u'i'), std::u16string(12, u'h'),
@@ -98,135 +100,100 @@ TEST(Value, AListKeepsWhatAVectorWould)
         const bool own = count > 0 && number(3) == 0;
         const std::u16string text = own ? expected[at] : texts[number(std::size(texts))];
         const std::u16string_view source = own ? list.Get(at) : std::u16string_view(text);
-        switch (number(count == 0 ? 4 : 7))
-        {
-        case 0:
-            list.Add(source);
-            expected.push_back(text);
-            break;
-        case 1:
-            list.Insert(at, source);
-            expected.insert(expected.begin() + static_cast<std::ptrdiff_t>(at), text);
-            break;
-        case 2:
+        const auto place = expected.begin() + static_cast<std::ptrdiff_t>(at);
+        const std::size_t what = number(count == 0 ? 2 : 6);
+        if (what == 0)
             list = CCorvaneValueList(list);
-            break;
-        case 3:
-            if (count > 0)
-            {
-                const std::size_t target = number(count);
-                list.Set(target, source);
-                expected[target] = text;
-            }
-            break;
-        default:
-            list.Remove(at);
-            expected.erase(expected.begin() + static_cast<std::ptrdiff_t>(at));
-            break;
-        }
+        else if (what == 1)
+            list.Insert(at, source), expected.insert(place, text);
+        else if (what == 2)
+            list.Add(source), expected.push_back(text);
+        else if (what == 3)
+            list.Set(count - 1 - at, source), expected[count - 1 - at] = text;
+        else
+            list.Remove(at), expected.erase(place);
         ASSERT_EQ(list.GetCount(), expected.size());
         for (std::size_t i = 0; i < expected.size(); ++i)
             ASSERT_EQ(list.Get(i), expected[i]) << step;
     }
 }
 
-TEST(Value, ReadsTextsMarksAndValuesInAnyOrder)
+TEST_F(ValueFile, ReadsTextsMarksAndValuesInAnyOrder)
 {
-    CTestDatabase database;
-    database.AddSchema("S", "[Attrib.A.0]\nType=Text\nDefault=d\nValues=-1\n\n[Attrib.B.0]\nType=Text\n\n");
-    database.AddCategory("C", "S");
-    database.AddRecord(
+    AddSchema("S", "[Attrib.A.0]\nType=Text\nDefault=d\nValues=-1\n\n[Attrib.B.0]\nType=Text\n\n");
+    AddCategory("C", "S");
+    AddRecord(
         "C/R", "S",
         "[attrib.a.0]\nVALUE.0001=1\nLock=mia\nTodo=True\nComment=C:\\\\dir\\nnext\\r\\nlast\nValue.0000=0\n"
         "Value.0000=again\nvalue.0002=2\nValue.0004=4\nOverride=true\nModified=yes\nPlaceHolder=TRUE\n\n"
         "[Attrib.A]\nValue.0000=form without a build\n\n[Attrib.B]\nLock=\n\n",
         "Comment=a\\rb\n");
-    ASSERT_TRUE(database.Open());
-    const CCorvaneType& a = database.Attrib("C/R", "A");
+    ASSERT_TRUE(Open());
+    const CCorvaneType& a = Attrib("C/R", "A");
     ASSERT_EQ(a.GetValueCount(), 3U);
     EXPECT_EQ(ToNarrow(a.GetValue(0)) + ToNarrow(a.GetValue(1)) + ToNarrow(a.GetValue(2)), "012");
     EXPECT_EQ(a.GetComment(), u"C:\\dir\r\nnext\r\nlast");
-    EXPECT_EQ(database.Record("C/R").GetComment(), u"a\r\nb");
+    EXPECT_EQ(Record("C/R").GetComment(), u"a\r\nb");
     EXPECT_TRUE(a.IsLocked() && a.IsTodo() && a.GetOverride() && a.IsPlaceHolder());
     EXPECT_FALSE(a.IsModified() || a.GetInherit());
     EXPECT_EQ(a.GetLockUser(), u"mia");
-    EXPECT_FALSE(database.Attrib("C/R", "B").IsLocked());
-    EXPECT_EQ(database.Value("C/R", "B"), "");
+    EXPECT_FALSE(Attrib("C/R", "B").IsLocked());
+    EXPECT_EQ(Value("C/R", "B"), "");
 }
 
-TEST(Value, NewEntriesBeginWithOlderValues)
+TEST_F(ValueFile, NewEntriesBeginWithOlderValues)
 {
-    CTestDatabase database;
-    database.AddSchema(
+    AddSchema(
         "S",
         "[Attrib.M.0]\nType=Integer\nDefault=1\n\n[Attrib.M.20]\nType=Integer\nDefault=3\n\n"
         "[Attrib.M.10]\nType=Integer\nDefault=2\n\n[Attrib.N.30]\nType=Integer\nDefault=4\nDeleted=True\n\n");
-    database.AddCategory("C", "S");
-    database.AddRecord("C/Old", "S", "[Attrib.M]\nValue.0000=100\nInherit=False\n\n");
-    database.AddRecord("C/Mid", "S", "[Attrib.M.10]\nValue.0000=200\n\n[Attrib.M.0]\nValue.0000=100\n\n");
-    database.AddRecord("C/Child", "S", "[Hierarchy]\nRecord=C/Old\n\n[Attrib.M.20]\nValue.0000=5\n\n");
-    ASSERT_TRUE(database.Open());
-    EXPECT_EQ(database.GetTemplateList("S"), "M.20 M.10 M.0 N.30 ");
+    AddCategory("C", "S");
+    AddRecord("C/Old", "S", "[Attrib.M]\nValue.0000=100\nInherit=False\n\n");
+    AddRecord("C/Mid", "S", "[Attrib.M.10]\nValue.0000=200\n\n[Attrib.M.0]\nValue.0000=100\n\n");
+    AddRecord("C/Child", "S", "[Hierarchy]\nRecord=C/Old\n\n[Attrib.M.20]\nValue.0000=5\n\n");
+    ASSERT_TRUE(Open());
+    EXPECT_EQ(GetTemplateList("S"), "M.20 M.10 M.0 N.30 ");
     const auto values = [&](const char* record)
-    {
-        return database.Value(record, "M", 20) + " " + database.Value(record, "M", 10) + " " +
-               database.Value(record, "M", 0);
-    };
+    { return Value(record, "M", 20) + " " + Value(record, "M", 10) + " " + Value(record, "M", 0); };
     EXPECT_EQ(values("C/Old"), "100 100 100");
     EXPECT_EQ(values("C/Mid"), "200 200 100");
     EXPECT_EQ(values("C/Child"), "5 100 100");
-    EXPECT_TRUE(database.Attrib("C/Child", "M", 10).GetInherit());
+    EXPECT_TRUE(Attrib("C/Child", "M", 10).GetInherit());
 
     // Builds in which each entry is in force; the deletion marker never is.
-    struct SRow
-    {
-        const char* m_szAttrib;
-        std::uint32_t m_nEntry;
-        std::uint32_t m_nBuild;
-        bool m_bAvailable;
-    };
-    constexpr SRow kRows[] = {{"M", 0, 0, true},    {"M", 0, 9, true},   {"M", 0, 10, false},
-                              {"M", 10, 9, false},  {"M", 10, 10, true}, {"M", 10, 19, true},
-                              {"M", 10, 20, false}, {"M", 20, 20, true}, {"M", 20, 900, true},
-                              {"N", 30, 30, false}};
-    for (const SRow& row : kRows)
-        EXPECT_EQ(database.Get().IsAttributeAvailableForBuild(
-                      &database.Attrib("C/Old", row.m_szAttrib, row.m_nEntry), row.m_nBuild),
-                  row.m_bAvailable)
-            << row.m_szAttrib << row.m_nEntry << " at " << row.m_nBuild;
+    const std::tuple<const char*, std::uint32_t, std::uint32_t, bool> rows[] = {
+        {"M", 0, 0, true},    {"M", 0, 9, true},   {"M", 0, 10, false},  {"M", 10, 9, false},
+        {"M", 10, 10, true},  {"M", 10, 19, true}, {"M", 10, 20, false}, {"M", 20, 20, true},
+        {"M", 20, 900, true}, {"N", 30, 30, false}};
+    for (const auto& [name, entry, build, available] : rows)
+        EXPECT_EQ(Get().IsAttributeAvailableForBuild(&Attrib("C/Old", name, entry), build), available)
+            << name << entry << " at " << build;
 
     // A change of an older entry is remembered; one of the newest is not.
-    CCorvaneType& older = database.Attrib("C/Mid", "M", 0);
-    CCorvaneType& newest = database.Attrib("C/Mid", "M", 20);
+    CCorvaneType& older = Attrib("C/Mid", "M", 0);
+    CCorvaneType& newest = Attrib("C/Mid", "M", 20);
     ASSERT_TRUE(older.SetValue(0, u"101") && newest.SetValue(0, u"7"));
     EXPECT_TRUE(older.IsModified());
     EXPECT_FALSE(newest.IsModified());
-    EXPECT_TRUE(database.Get().IsAttributeModifiedForBuild(&older, 20));
-    EXPECT_FALSE(database.Get().IsAttributeModifiedForBuild(&older, 5)) << "still in force there";
+    EXPECT_TRUE(Get().IsAttributeModifiedForBuild(&older, 20));
+    EXPECT_FALSE(Get().IsAttributeModifiedForBuild(&older, 5)) << "still in force there";
 }
 
-TEST(Value, ChangesEndInheritanceAndReachTheDirtyMarks)
+TEST_F(ValueChain, ChangesEndInheritanceAndReachTheDirtyMarks)
 {
-    CTestDatabase database;
-    WriteChain(database);
-    ASSERT_TRUE(database.Open());
-    CCorvaneType& middle = database.Attrib("C/Middle", "One");
+    CCorvaneType& middle = Attrib("C/Middle", "One");
     std::size_t told = 0;
-    const CObserverHandle observer = database.Record("C/Middle")
-                                         .GetChangeObservers()
-                                         .Add(
-                                             [&](CCorvaneAttrib& attrib, std::size_t index)
-                                             {
-                                                 told += &attrib == &middle && index == 0 ? 1 : 100;
-                                                 return 0;
-                                             });
+    auto& observers = Record("C/Middle").GetChangeObservers();
+    const CObserverHandle observer =
+        observers.Add([&](CCorvaneAttrib& attrib, std::size_t index)
+                      { return told += &attrib == &middle && index == 0 ? 1 : 100, 0; });
     ASSERT_TRUE(middle.SetValue(0, u"mine"));
     EXPECT_EQ(told, 1U);
     EXPECT_FALSE(middle.GetInherit());
-    EXPECT_EQ(database.Value("C/Bottom", "One"), "mine");
-    EXPECT_TRUE(database.Record("C/Middle").TestFlag(RECORD_FLAG_MODIFIED) && database.Get().IsDirty());
+    EXPECT_EQ(Value("C/Bottom", "One"), "mine");
+    EXPECT_TRUE(Record("C/Middle").TestFlag(RECORD_FLAG_MODIFIED) && Get().IsDirty());
 
-    CCorvaneType& any = database.Attrib("C/Top", "Any");
+    CCorvaneType& any = Attrib("C/Top", "Any");
     ASSERT_TRUE(any.AddValue(any.GetValue(0)) && any.InsertValue(0, u"first") && any.MoveValueDown(0) &&
                 any.MoveValueUp(3));
     std::string values;
@@ -236,103 +203,85 @@ TEST(Value, ChangesEndInheritanceAndReachTheDirtyMarks)
     EXPECT_FALSE(any.MoveValueUp(0) || any.MoveValueDown(3) || any.RemoveValue(4) || any.InsertValue(9, u""));
 
     // A fixed size refuses and leaves everything as it was.
-    CCorvaneType& fixed = database.Attrib("C/Other", "Three");
-    database.m_Undo.m_bRecording = true;
+    CCorvaneType& fixed = Attrib("C/Other", "Three");
+    m_Undo.m_bRecording = true;
     EXPECT_FALSE(fixed.AddValue(u"x") || fixed.RemoveValue(0) || fixed.SetValue(3, u"x") ||
                  fixed.MoveValueUp(1));
     EXPECT_EQ(fixed.GetValueCount(), 3U);
-    EXPECT_FALSE(database.Record("C/Other").TestFlag(RECORD_FLAG_MODIFIED));
-    EXPECT_TRUE(database.m_Undo.m_Points.empty());
-    database.m_Undo.m_bRecording = false;
+    EXPECT_FALSE(Record("C/Other").TestFlag(RECORD_FLAG_MODIFIED));
+    EXPECT_TRUE(m_Undo.m_Points.empty());
+    m_Undo.m_bRecording = false;
 }
 
-TEST(Value, AClosedGateLeavesEverythingAsItWas)
+TEST_F(ValueChain, AClosedGateLeavesEverythingAsItWas)
 {
-    CTestDatabase database;
-    WriteChain(database);
-    ASSERT_TRUE(database.Open());
-    database.m_Gate.m_bConnected = true;
-    database.m_Gate.m_bGrant = false;
-    database.m_Undo.m_bRecording = true;
-    CCorvaneRecord& record = database.Record("C/Middle");
-    CCorvaneType& one = database.Attrib("C/Middle", "One");
-    CCorvaneType& any = database.Attrib("C/Middle", "Any");
+    m_Gate.m_bConnected = true;
+    m_Gate.m_bGrant = false;
+    m_Undo.m_bRecording = true;
+    CCorvaneRecord& record = Record("C/Middle");
+    CCorvaneType& one = Attrib("C/Middle", "One");
+    CCorvaneType& any = Attrib("C/Middle", "Any");
     EXPECT_FALSE(one.SetValue(0, u"x") || any.AddValue(u"x") || one.SetComment(u"x") ||
                  one.SetModified(true));
     EXPECT_FALSE(record.SetName(u"x") || record.SetComment(u"x") || record.SetCategory(nullptr, false));
-    EXPECT_EQ(database.m_Gate.m_nAsked, 7);
-    EXPECT_EQ(database.Value("C/Middle", "One") + database.Value("C/Middle", "Any", 0, 1), "topx1");
+    EXPECT_EQ(m_Gate.m_nAsked, 7);
+    EXPECT_EQ(Value("C/Middle", "One") + Value("C/Middle", "Any", 0, 1), "topx1");
     EXPECT_TRUE(one.GetInherit() && one.GetComment().empty());
-    EXPECT_FALSE(record.TestFlag(RECORD_FLAG_MODIFIED) || database.Get().IsDirty());
-    EXPECT_TRUE(database.m_Undo.m_Points.empty());
+    EXPECT_FALSE(record.TestFlag(RECORD_FLAG_MODIFIED) || Get().IsDirty());
+    EXPECT_TRUE(m_Undo.m_Points.empty());
     // The same name asks nobody; an open gate lets the change through.
     EXPECT_TRUE(record.SetName(u"Middle"));
-    EXPECT_EQ(database.m_Gate.m_nAsked, 7);
-    database.m_Gate.m_bGrant = true;
+    EXPECT_EQ(m_Gate.m_nAsked, 7);
+    m_Gate.m_bGrant = true;
     EXPECT_TRUE(one.SetValue(0, u"x"));
 }
 
-TEST(Value, UndoExchangesValues)
+TEST_F(ValueChain, UndoExchangesValues)
 {
-    CTestDatabase database;
-    WriteChain(database);
-    ASSERT_TRUE(database.Open());
-    CCorvaneType& one = database.Attrib("C/Top", "One");
-    CCorvaneType& any = database.Attrib("C/Top", "Any");
-    CCorvaneRecord& record = database.Record("C/Top");
-    database.m_Undo.m_bRecording = true;
+    CCorvaneType& one = Attrib("C/Top", "One");
+    CCorvaneType& any = Attrib("C/Top", "Any");
+    CCorvaneRecord& record = Record("C/Top");
+    m_Undo.m_bRecording = true;
     ASSERT_TRUE(one.SetValue(0, u"new") && any.AddValue(u"x2"));
-    database.m_Undo.m_bRecording = false;
-    ASSERT_EQ(database.m_Undo.m_Points.size(), 2U);
-    CUndoRestorePoint& set = *database.m_Undo.m_Points[0];
-    CUndoRestorePoint& added = *database.m_Undo.m_Points[1];
+    m_Undo.m_bRecording = false;
+    ASSERT_EQ(m_Undo.m_Points.size(), 2U);
+    CUndoRestorePoint& set = *m_Undo.m_Points[0];
+    CUndoRestorePoint& added = *m_Undo.m_Points[1];
     EXPECT_TRUE(set.Refers(one) && !set.Refers(any) && added.Refers(any));
     for (int round = 0; round < 2; ++round)
     {
         EXPECT_TRUE(added.Undo(true) && set.Undo(true));
-        EXPECT_EQ(database.Value("C/Top", "One"), "top");
+        EXPECT_EQ(Value("C/Top", "One"), "top");
         EXPECT_EQ(any.GetValueCount(), 2U);
         record.SetModified(false);
         EXPECT_TRUE(added.Redo());
         EXPECT_TRUE(record.TestFlag(RECORD_FLAG_MODIFIED)) << "what was done again must be saved";
         EXPECT_TRUE(set.Redo());
-        EXPECT_EQ(database.Value("C/Top", "One") + ToNarrow(any.GetValue(2)), "newx2");
+        EXPECT_EQ(Value("C/Top", "One") + ToNarrow(any.GetValue(2)), "newx2");
     }
     // What the point would take back is gone.
     ASSERT_TRUE(any.RemoveValue(2));
     EXPECT_FALSE(added.Undo(true));
-}
-
-TEST(Value, UndoHandlesTextsAsTheyAreStored)
-{
-    CTestDatabase database;
-    database.AddSchema("S", "[Attrib.Note.0]\nType=Memo\nValues=-1\n\n");
-    database.AddCategory("C", "S");
-    database.AddRecord("C/R", "S");
-    ASSERT_TRUE(database.Open());
-    CCorvaneType& note = database.Attrib("C/R", "Note");
+    // A point holds texts as they are stored.
+    CCorvaneType& note = Attrib("C/Top", "Note");
     const std::size_t last = note.GetValueCount();
-    database.m_Undo.m_bRecording = true;
+    m_Undo.m_bRecording = true;
     ASSERT_TRUE(note.AddValue(u"a\\b\r\nc"));
-    database.m_Undo.m_bRecording = false;
-    CUndoRestorePoint& added = *database.m_Undo.m_Points.at(0);
-    ASSERT_TRUE(added.Undo(true) && added.Redo());
+    m_Undo.m_bRecording = false;
+    ASSERT_TRUE(m_Undo.m_Points[2]->Undo(true) && m_Undo.m_Points[2]->Redo());
     EXPECT_EQ(ToNarrow(note.GetValue(last)), "a\\\\b\\nc");
 }
 
-TEST(Value, CopiesReferencesAndOrphans)
+TEST_F(ValueChain, CopiesReferencesAndOrphans)
 {
-    CTestDatabase database;
-    WriteChain(database);
-    ASSERT_TRUE(database.Open());
     {
-        CCorvaneRecord& top = database.Record("C/Top");
+        CCorvaneRecord& top = Record("C/Top");
         const CRef<CCorvaneRecord> child = top.CreateReference();
         EXPECT_EQ(child->GetParent(), &top);
         EXPECT_TRUE(child->GetAttributeList()[0]->GetInherit());
         EXPECT_EQ(child->GetAttributeList()[0]->GetGuid(), top.GetAttributeList()[0]->GetGuid());
         const CRef<CCorvaneRecord> grandchild = child->CreateReference();
-        ASSERT_TRUE(database.Attrib("C/Top", "One").SetValue(0, u"changed"));
+        ASSERT_TRUE(Attrib("C/Top", "One").SetValue(0, u"changed"));
         EXPECT_EQ(grandchild->GetAttributeList()[0]->GetValue(0), u"changed");
         // The end of a parent orphans its referencees: they keep their own values.
         child->Clear();
@@ -341,11 +290,11 @@ TEST(Value, CopiesReferencesAndOrphans)
         EXPECT_EQ(grandchild->GetAttributeList()[0]->GetValue(0), u"top");
         EXPECT_EQ(top.GetReferencees().size(), 1U);
         // A disconnected one keeps its marks.
-        CCorvaneRecord& middle = database.Record("C/Middle");
+        CCorvaneRecord& middle = Record("C/Middle");
         EXPECT_TRUE(top.DisconnectReferencee(middle));
         EXPECT_FALSE(top.DisconnectReferencee(middle));
         EXPECT_TRUE(middle.GetAttributeList()[0]->GetInherit());
-        EXPECT_EQ(database.Value("C/Middle", "One"), "own");
+        EXPECT_EQ(Value("C/Middle", "One"), "own");
         grandchild->Clear();
     }
 }
