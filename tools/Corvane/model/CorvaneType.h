@@ -5,6 +5,8 @@
 
 #include "CorvaneAttrib.h"
 
+#include <type_traits>
+
 // A view that shows one attribute in one list; see CCorvaneType::AddView.
 class ICorvaneTypeView : public CCorvaneRef
 {
@@ -61,6 +63,22 @@ protected:
                                                  EDatabaseValueType type, const char* typeWord,
                                                  const char* accessor, std::u16string_view prefix,
                                                  std::u16string_view location) const;
+    // Hands every effective value to an output by its index: `send` returns nothing, or false for a refusal
+    // that ends it. False also for a handle of 0.
+    template <class Send> [[nodiscard]] bool SendValues(CreatorHandle handle, Send send) const
+    {
+        if (handle == 0)
+            return false;
+        const std::size_t count = GetValueCount();
+        for (std::size_t i = 0; i < count; ++i)
+        {
+            if constexpr (std::is_void_v<decltype(send(i))>)
+                send(i);
+            else if (!send(i))
+                return false;
+        }
+        return true;
+    }
     // Makes a typed copy; for the Clone of each concrete class.
     template <class T> [[nodiscard]] CRef<CCorvaneType> CloneAs(CCorvaneRecord* record) const
     {

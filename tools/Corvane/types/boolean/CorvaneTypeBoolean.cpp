@@ -20,12 +20,8 @@ bool CCorvaneTypeBoolean::SaveToDatabase(IDatabaseCreatorMgr& creator, CreatorHa
                                          CreatorHandle& handle, std::u16string_view prefix)
 {
     handle = CreateInDatabase(creator, record, DBVALUE_BOOLEAN, DBKIND_PLAIN, prefix);
-    if (handle == 0)
-        return false;
-    const std::size_t count = GetValueCount();
-    for (std::size_t i = 0; i < count; ++i)
-        creator.SetBoolean(handle, static_cast<std::int32_t>(i), GetBoolean(i));
-    return true;
+    return SendValues(handle, [&](std::size_t i)
+                      { creator.SetBoolean(handle, static_cast<std::int32_t>(i), GetBoolean(i)); });
 }
 
 bool CCorvaneTypeBoolean::SaveToOverride(IDatabaseCreatorUnpackedMgr* mgr, CreatorHandle database,
@@ -33,15 +29,7 @@ bool CCorvaneTypeBoolean::SaveToOverride(IDatabaseCreatorUnpackedMgr* mgr, Creat
 {
     const CreatorHandle handle = CreateInOverride(mgr, database, DBVALUE_BOOLEAN, "Boolean",
                                                   "GetBooleanAttribData()", prefix, location);
-    if (handle == 0)
-        return false;
-    const std::size_t count = GetValueCount();
-    for (std::size_t i = 0; i < count; ++i)
-    {
-        if (!mgr->SetBoolean(handle, GetBoolean(i)))
-            return false;
-    }
-    return true;
+    return SendValues(handle, [&](std::size_t i) { return mgr->SetBoolean(handle, GetBoolean(i)); });
 }
 
 CRef<CCorvaneType> CCorvaneTypeBoolean::Clone(CCorvaneRecord* record) const

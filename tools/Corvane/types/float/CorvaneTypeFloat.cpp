@@ -21,12 +21,8 @@ bool CCorvaneTypeFloat::SaveToDatabase(IDatabaseCreatorMgr& creator, CreatorHand
                                        CreatorHandle& handle, std::u16string_view prefix)
 {
     handle = CreateInDatabase(creator, record, DBVALUE_FLOAT, DBKIND_PLAIN, prefix);
-    if (handle == 0)
-        return false;
-    const std::size_t count = GetValueCount();
-    for (std::size_t i = 0; i < count; ++i)
-        creator.SetFloat(handle, static_cast<std::int32_t>(i), GetFloat(i));
-    return true;
+    return SendValues(handle, [&](std::size_t i)
+                      { creator.SetFloat(handle, static_cast<std::int32_t>(i), GetFloat(i)); });
 }
 
 bool CCorvaneTypeFloat::SaveToOverride(IDatabaseCreatorUnpackedMgr* mgr, CreatorHandle database,
@@ -39,13 +35,7 @@ bool CCorvaneTypeFloat::SaveToOverride(IDatabaseCreatorUnpackedMgr* mgr, Creator
     const CCorvaneTypeFloatData& limits = *GetFloatAttribData();
     if (!mgr->SetFloatLimits(handle, limits.GetMinimum(), limits.GetMaximum()))
         return false;
-    const std::size_t count = GetValueCount();
-    for (std::size_t i = 0; i < count; ++i)
-    {
-        if (!mgr->SetFloat(handle, GetFloat(i)))
-            return false;
-    }
-    return true;
+    return SendValues(handle, [&](std::size_t i) { return mgr->SetFloat(handle, GetFloat(i)); });
 }
 
 bool CCorvaneTypeFloat::Validate(IValidationSink* pCore)

@@ -22,12 +22,8 @@ bool CCorvaneTypeInteger::SaveToDatabase(IDatabaseCreatorMgr& creator, CreatorHa
                                          CreatorHandle& handle, std::u16string_view prefix)
 {
     handle = CreateInDatabase(creator, record, DBVALUE_INTEGER, DBKIND_PLAIN, prefix);
-    if (handle == 0)
-        return false;
-    const std::size_t count = GetValueCount();
-    for (std::size_t i = 0; i < count; ++i)
-        creator.SetInteger(handle, static_cast<std::int32_t>(i), GetInteger(i));
-    return true;
+    return SendValues(handle, [&](std::size_t i)
+                      { creator.SetInteger(handle, static_cast<std::int32_t>(i), GetInteger(i)); });
 }
 
 bool CCorvaneTypeInteger::SaveToOverride(IDatabaseCreatorUnpackedMgr* mgr, CreatorHandle database,
@@ -40,13 +36,7 @@ bool CCorvaneTypeInteger::SaveToOverride(IDatabaseCreatorUnpackedMgr* mgr, Creat
     const CCorvaneTypeIntegerData& limits = *GetIntegerAttribData();
     if (!mgr->SetIntegerLimits(handle, limits.GetMinimum(), limits.GetMaximum()))
         return false;
-    const std::size_t count = GetValueCount();
-    for (std::size_t i = 0; i < count; ++i)
-    {
-        if (!mgr->SetInteger(handle, GetInteger(i)))
-            return false;
-    }
-    return true;
+    return SendValues(handle, [&](std::size_t i) { return mgr->SetInteger(handle, GetInteger(i)); });
 }
 
 bool CCorvaneTypeInteger::Validate(IValidationSink* pCore)

@@ -18,13 +18,9 @@ bool CCorvaneTypeMemo::SaveToDatabase(IDatabaseCreatorMgr& creator, CreatorHandl
 {
     CTextSender sender(IsWideText(GetAttribData()));
     handle = CreateInDatabase(creator, record, sender.GetValueType(), DBKIND_PLAIN, prefix);
-    if (handle == 0)
-        return false;
     std::u16string buffer;
-    const std::size_t count = GetValueCount();
-    for (std::size_t i = 0; i < count; ++i)
-        sender.Send(creator, handle, i, GetUnescaped(i, buffer));
-    return true;
+    return SendValues(handle,
+                      [&](std::size_t i) { sender.Send(creator, handle, i, GetUnescaped(i, buffer)); });
 }
 
 bool CCorvaneTypeMemo::SaveToOverride(IDatabaseCreatorUnpackedMgr* mgr, CreatorHandle database,
@@ -36,13 +32,8 @@ bool CCorvaneTypeMemo::SaveToOverride(IDatabaseCreatorUnpackedMgr* mgr, CreatorH
         return false;
     CNarrowText narrow;
     std::u16string buffer;
-    const std::size_t count = GetValueCount();
-    for (std::size_t i = 0; i < count; ++i)
-    {
-        if (!mgr->SetText(handle, narrow.Convert(GetUnescaped(i, buffer))))
-            return false;
-    }
-    return true;
+    return SendValues(handle, [&](std::size_t i)
+                      { return mgr->SetText(handle, narrow.Convert(GetUnescaped(i, buffer))); });
 }
 
 CRef<CCorvaneType> CCorvaneTypeMemo::Clone(CCorvaneRecord* record) const

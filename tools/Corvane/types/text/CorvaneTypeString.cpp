@@ -7,12 +7,7 @@ bool CCorvaneTypeString::SaveToDatabase(IDatabaseCreatorMgr& creator, CreatorHan
 {
     CTextSender sender(IsWideText(GetAttribData()));
     handle = CreateInDatabase(creator, record, sender.GetValueType(), DBKIND_PLAIN, prefix);
-    if (handle == 0)
-        return false;
-    const std::size_t count = GetValueCount();
-    for (std::size_t i = 0; i < count; ++i)
-        sender.Send(creator, handle, i, GetTypedText(i));
-    return true;
+    return SendValues(handle, [&](std::size_t i) { sender.Send(creator, handle, i, GetTypedText(i)); });
 }
 
 bool CCorvaneTypeString::SaveToOverride(IDatabaseCreatorUnpackedMgr* mgr, CreatorHandle database,
@@ -23,13 +18,8 @@ bool CCorvaneTypeString::SaveToOverride(IDatabaseCreatorUnpackedMgr* mgr, Creato
     if (handle == 0 || !mgr->SetTextLimits(handle, 0, GetStringAttribData()->GetMaximumLength()))
         return false;
     CNarrowText narrow;
-    const std::size_t count = GetValueCount();
-    for (std::size_t i = 0; i < count; ++i)
-    {
-        if (!mgr->SetText(handle, narrow.Convert(GetTypedText(i))))
-            return false;
-    }
-    return true;
+    return SendValues(handle,
+                      [&](std::size_t i) { return mgr->SetText(handle, narrow.Convert(GetTypedText(i))); });
 }
 
 CRef<CCorvaneType> CCorvaneTypeString::Clone(CCorvaneRecord* record) const

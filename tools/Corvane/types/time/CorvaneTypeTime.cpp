@@ -20,12 +20,8 @@ bool CCorvaneTypeTime::SaveToDatabase(IDatabaseCreatorMgr& creator, CreatorHandl
                                       CreatorHandle& handle, std::u16string_view prefix)
 {
     handle = CreateInDatabase(creator, record, DBVALUE_INTEGER, DBKIND_PLAIN, prefix);
-    if (handle == 0)
-        return false;
-    const std::size_t count = GetValueCount();
-    for (std::size_t i = 0; i < count; ++i)
-        creator.SetInteger(handle, static_cast<std::int32_t>(i), GetTime(i));
-    return true;
+    return SendValues(handle, [&](std::size_t i)
+                      { creator.SetInteger(handle, static_cast<std::int32_t>(i), GetTime(i)); });
 }
 
 bool CCorvaneTypeTime::SaveToOverride(IDatabaseCreatorUnpackedMgr* mgr, CreatorHandle database,
@@ -33,15 +29,7 @@ bool CCorvaneTypeTime::SaveToOverride(IDatabaseCreatorUnpackedMgr* mgr, CreatorH
 {
     const CreatorHandle handle =
         CreateInOverride(mgr, database, DBVALUE_INTEGER, "Time", "GetTimeAttribData()", prefix, location);
-    if (handle == 0)
-        return false;
-    const std::size_t count = GetValueCount();
-    for (std::size_t i = 0; i < count; ++i)
-    {
-        if (!mgr->SetInteger(handle, GetTime(i)))
-            return false;
-    }
-    return true;
+    return SendValues(handle, [&](std::size_t i) { return mgr->SetInteger(handle, GetTime(i)); });
 }
 
 CRef<CCorvaneType> CCorvaneTypeTime::Clone(CCorvaneRecord* record) const
