@@ -1,5 +1,5 @@
 // The manifest of a packed database: a few lines of text by which a server and its clients see, before a
-// session starts, whether they hold the same database. It depends on the packed bytes alone, so that two
+// match starts, whether they hold the same database. It depends on the packed bytes alone, so that two
 // machines that pack the same sources write the same manifest.
 #pragma once
 
