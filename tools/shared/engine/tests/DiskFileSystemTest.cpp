@@ -42,98 +42,87 @@ private:
     void (*m_pBefore)(int);
 };
 
-std::size_t CountEntries(const fs::path& directory)
+class CDiskTest : public testing::Test
 {
-    return static_cast<std::size_t>(
-        std::distance(fs::directory_iterator(directory), fs::directory_iterator()));
-}
+protected:
+    fs::path At(const char* name) const { return m_Scratch.GetPath() / name; }
+    EFileError Write(std::string_view name, std::string_view text)
+    {
+        return m_Files.WriteFile(m_Scratch.Text(name), AsBytes(text)).m_Code;
+    }
+    EFileError Read(const std::u16string& path, SFileInfo* info = nullptr)
+    {
+        return m_Files.ReadFile(path, m_Content, info).m_Code;
+    }
+    std::ptrdiff_t CountEntries() const
+    {
+        return std::distance(fs::directory_iterator(m_Scratch.GetPath()), fs::directory_iterator());
+    }
+
+    CScratchDir m_Scratch;
+    CDiskFileSystem m_Files;
+    CFileBuffer m_Content;
+};
 } // namespace
 
-TEST(DiskFileSystem, InfoTellsOneFileByAllItsNames)
+TEST_F(CDiskTest, AFullDiskLeavesTheOldFile)
 {
-    CScratchDir scratch;
-    CDiskFileSystem files;
-    scratch.WriteBytes("a.rec", "a");
-    scratch.WriteBytes("b.rec", "b");
-    fs::create_hard_link(scratch.GetPath() / "a.rec", scratch.GetPath() / "hard.rec");
-    fs::create_symlink("a.rec", scratch.GetPath() / "soft.rec");
-    SFileInfo first;
-    ASSERT_TRUE(files.GetInfo(scratch.Text("a.rec"), first).IsOk());
-    EXPECT_NE(first.m_nNode, 0U);
-    CFileBuffer content;
-    for (const char* name : {"a.rec", "hard.rec", "soft.rec", "b.rec"})
-    {
-        SFileInfo asked;
-        SFileInfo read;
-        ASSERT_TRUE(files.GetInfo(scratch.Text(name), asked).IsOk());
-        ASSERT_TRUE(files.ReadFile(scratch.Text(name), content, &read).IsOk());
-        EXPECT_EQ(read.m_nNode, asked.m_nNode);
-        EXPECT_EQ(read.m_nDevice, first.m_nDevice);
-        EXPECT_EQ(asked.m_nNode == first.m_nNode, std::string_view(name) != "b.rec") << name;
-    }
-}
-
-TEST(DiskFileSystem, AFullDiskLeavesTheOldFile)
-{
-    CScratchDir scratch;
-    CDiskFileSystem files;
-    scratch.WriteBytes("f.rec", "old");
+    m_Scratch.WriteBytes("f.rec", "old");
     const std::string large(64 * 1024, 'x');
     {
         const CSizeLimit limit(4096);
-        EXPECT_EQ(files.WriteFile(scratch.Text("f.rec"), AsBytes(large)).m_Code, EFileError::DiskFull);
+        EXPECT_EQ(Write("f.rec", large), EFileError::DiskFull);
         CFileError error;
-        std::unique_ptr<IZROutStream> stream = files.OpenStream(scratch.Text("s"), error);
+        std::unique_ptr<IZROutStream> stream = m_Files.OpenStream(m_Scratch.Text("s"), error);
         ASSERT_NE(stream, nullptr);
         // The failure comes with the flush, where the buffer still had room.
         EXPECT_TRUE(stream->Write(large.data(), large.size()));
-        EXPECT_EQ(files.CloseStream(std::move(stream)).m_Code, EFileError::DiskFull);
+        EXPECT_EQ(m_Files.CloseStream(std::move(stream)).m_Code, EFileError::DiskFull);
     }
-    EXPECT_EQ(scratch.ReadBytes("f.rec"), "old");
-    EXPECT_EQ(CountEntries(scratch.GetPath()), 2U);
+    EXPECT_EQ(m_Scratch.ReadBytes("f.rec"), "old");
+    EXPECT_EQ(CountEntries(), 2);
 }
 
-TEST(DiskFileSystem, AReplacedFileKeepsItsMode)
+TEST_F(CDiskTest, WritesKeepTheModeAndGoThroughLinks)
 {
-    CScratchDir scratch;
-    CDiskFileSystem files;
-    scratch.WriteBytes("f", "old");
-    fs::permissions(scratch.GetPath() / "f", fs::perms(0640));
-    ASSERT_TRUE(files.WriteFile(scratch.Text("f"), AsBytes("new")).IsOk());
-    EXPECT_EQ(fs::status(scratch.GetPath() / "f").permissions(), fs::perms(0640));
-    EXPECT_EQ(CountEntries(scratch.GetPath()), 1U);
+    m_Scratch.WriteBytes("f", "old");
+    fs::permissions(At("f"), fs::perms(0640));
+    for (const auto& [target, name] : {std::pair{"f", "soft"}, {"later", "dangling"}, {"self", "self"}})
+        fs::create_symlink(target, At(name));
+    EXPECT_EQ(Write("soft", "new"), EFileError::None);
+    EXPECT_EQ(Write("dangling", "made"), EFileError::None);
+    EXPECT_EQ(Write("self", "x"), EFileError::Loop);
+    EXPECT_TRUE(fs::is_symlink(At("soft")) && fs::is_symlink(At("dangling")));
+    EXPECT_EQ(m_Scratch.ReadBytes("f"), "new");
+    EXPECT_EQ(m_Scratch.ReadBytes("later"), "made");
+    EXPECT_EQ(fs::status(At("f")).permissions(), fs::perms(0640));
+    EXPECT_EQ(CountEntries(), 5);
+
+    fs::create_hard_link(At("f"), At("hard"));
+    SFileInfo first;
+    ASSERT_EQ(Read(m_Scratch.Text("f"), &first), EFileError::None);
+    for (const char* name : {"hard", "soft", "later"})
+    {
+        SFileInfo asked;
+        SFileInfo read;
+        ASSERT_TRUE(m_Files.GetInfo(m_Scratch.Text(name), asked).IsOk());
+        ASSERT_EQ(Read(m_Scratch.Text(name), &read), EFileError::None);
+        EXPECT_EQ(read.m_nNode, asked.m_nNode);
+        EXPECT_EQ(read.m_nDevice, first.m_nDevice);
+        EXPECT_EQ(asked.m_nNode == first.m_nNode, std::string_view(name) != "later") << name;
+    }
 }
 
-TEST(DiskFileSystem, LinksAreWrittenThrough)
+TEST_F(CDiskTest, ListingFollowsLinksAndLeavesOutWhatCannotBeOpened)
 {
-    CScratchDir scratch;
-    CDiskFileSystem files;
-    scratch.WriteBytes("real/f", "old");
-    fs::create_symlink("real/f", scratch.GetPath() / "link");
-    fs::create_symlink("real/later", scratch.GetPath() / "dangling");
-    fs::create_symlink("self", scratch.GetPath() / "self");
-    ASSERT_TRUE(files.WriteFile(scratch.Text("link"), AsBytes("new")).IsOk());
-    ASSERT_TRUE(files.WriteFile(scratch.Text("dangling"), AsBytes("made")).IsOk());
-    EXPECT_EQ(files.WriteFile(scratch.Text("self"), AsBytes("x")).m_Code, EFileError::Loop);
-    EXPECT_TRUE(fs::is_symlink(scratch.GetPath() / "link"));
-    EXPECT_TRUE(fs::is_symlink(scratch.GetPath() / "dangling"));
-    EXPECT_EQ(scratch.ReadBytes("real/f"), "new");
-    EXPECT_EQ(scratch.ReadBytes("real/later"), "made");
-}
-
-TEST(DiskFileSystem, ListingFollowsLinksAndLeavesOutWhatCannotBeOpened)
-{
-    CScratchDir scratch;
-    CDiskFileSystem files;
-    scratch.WriteBytes("real/f.rec", "x");
-    scratch.WriteBytes("bad\xFF.rec", "x");
-    scratch.WriteBytes("back\\slash.rec", "x");
-    fs::create_symlink("real", scratch.GetPath() / "loop");
-    fs::create_symlink("real/f.rec", scratch.GetPath() / "link.rec");
-    fs::create_symlink("nowhere", scratch.GetPath() / "gone.rec");
-    ASSERT_EQ(::mkfifo((scratch.GetPath() / "pipe.rec").c_str(), 0600), 0);
+    for (const char* name : {"real/f.rec", "bad\xFF.rec", "back\\slash.rec"})
+        m_Scratch.WriteBytes(name, "x");
+    fs::create_symlink("real", At("loop"));
+    fs::create_symlink("real/f.rec", At("link.rec"));
+    fs::create_symlink("nowhere", At("gone.rec"));
+    ASSERT_EQ(::mkfifo(At("pipe.rec").c_str(), 0600), 0);
     std::vector<SDirectoryEntry> entries;
-    ASSERT_TRUE(files.ListDirectory(scratch.Text(""), {true, true, u"rec"}, entries).IsOk());
+    ASSERT_TRUE(m_Files.ListDirectory(m_Scratch.Text(""), {true, true, u"rec"}, entries).IsOk());
     ASSERT_EQ(entries.size(), 3U);
     EXPECT_EQ(entries[0].m_sName, u"link.rec");
     EXPECT_EQ(entries[1].m_sName, u"loop");
@@ -141,53 +130,32 @@ TEST(DiskFileSystem, ListingFollowsLinksAndLeavesOutWhatCannotBeOpened)
     EXPECT_EQ(entries[1].m_nNode, entries[2].m_nNode);
 }
 
-TEST(DiskFileSystem, PipesAndDevicesDoNotHang)
+TEST_F(CDiskTest, OddFilesNeitherHangNorExhaust)
 {
-    CScratchDir scratch;
-    CDiskFileSystem files;
-    ASSERT_EQ(::mkfifo((scratch.GetPath() / "pipe").c_str(), 0600), 0);
-    CFileBuffer buffer;
+    ASSERT_EQ(::mkfifo(At("pipe").c_str(), 0600), 0);
+    m_Scratch.WriteBytes("huge", "");
+    fs::resize_file(At("huge"), (std::uintmax_t{1} << 30U) + 1);
+    EXPECT_EQ(Read(m_Scratch.Text("pipe")), EFileError::NotAFile);
+    EXPECT_EQ(Read(u"/dev/zero"), EFileError::NotAFile);
+    EXPECT_EQ(Read(m_Scratch.Text("huge")), EFileError::OutOfMemory);
+    EXPECT_EQ(Write("pipe", "x"), EFileError::NotAFile);
     CFileError error;
-    EXPECT_EQ(files.ReadFile(scratch.Text("pipe"), buffer, nullptr).m_Code, EFileError::NotAFile);
-    EXPECT_EQ(files.ReadFile(u"/dev/zero", buffer, nullptr).m_Code, EFileError::NotAFile);
-    EXPECT_EQ(files.WriteFile(scratch.Text("pipe"), AsBytes("x")).m_Code, EFileError::NotAFile);
-    EXPECT_EQ(files.OpenStream(scratch.Text("pipe"), error), nullptr);
+    EXPECT_EQ(m_Files.OpenStream(m_Scratch.Text("pipe"), error), nullptr);
     EXPECT_FALSE(error.IsOk());
-}
-
-TEST(DiskFileSystem, ReadsFilesOfUnknownAndOfTooLargeSize)
-{
-    CScratchDir scratch;
-    CDiskFileSystem files;
-    CFileBuffer buffer;
-    SFileInfo info;
     // Its size is told as 0.
-    ASSERT_TRUE(files.ReadFile(u"/proc/self/maps", buffer, &info).IsOk());
-    EXPECT_GT(buffer.GetBytes().size(), 500U);
-    EXPECT_EQ(info.m_Stamp.m_nSize, buffer.GetBytes().size());
-    scratch.WriteBytes("huge", "");
-    fs::resize_file(scratch.GetPath() / "huge", (std::uintmax_t{1} << 30U) + 1);
-    EXPECT_EQ(files.ReadFile(scratch.Text("huge"), buffer, nullptr).m_Code, EFileError::OutOfMemory);
+    SFileInfo info;
+    ASSERT_EQ(Read(u"/proc/self/maps", &info), EFileError::None);
+    EXPECT_GT(m_Content.GetBytes().size(), 500U);
+    EXPECT_EQ(info.m_Stamp.m_nSize, m_Content.GetBytes().size());
 }
 
-TEST(DiskFileSystem, TheExactNameWinsAndThenTheFirstInOrder)
+TEST_F(CDiskTest, TheExactNameWinsAndThenTheFirstInOrder)
 {
-    CScratchDir scratch;
-    CDiskFileSystem files;
-    scratch.WriteBytes("name", "lower");
-    scratch.WriteBytes("NAME", "upper");
-    const auto read = [&](std::string_view name)
-    {
-        CFileBuffer buffer;
-        EXPECT_TRUE(files.ReadFile(scratch.Text(name), buffer, nullptr).IsOk());
-        return std::string(reinterpret_cast<const char*>(buffer.GetBytes().data()), buffer.GetBytes().size());
-    };
-    EXPECT_EQ(read("name"), "lower");
-    EXPECT_EQ(read("NAME"), "upper");
-    EXPECT_EQ(read("Name"), "upper");
-    EXPECT_EQ(files.GetNativePath(scratch.Text("nAmE")), (scratch.GetPath() / "NAME").string());
-    const std::u16string withZero = scratch.Text("name") + std::u16string(1, u'\0') + u"x";
-    EXPECT_FALSE(files.Exists(withZero));
+    m_Scratch.WriteBytes("name", "lower");
+    m_Scratch.WriteBytes("NAME", "upper");
+    for (const auto& [asked, found] : {std::pair{"name", "name"}, {"NAME", "NAME"}, {"nAmE", "NAME"}})
+        EXPECT_EQ(m_Files.GetNativePath(m_Scratch.Text(asked)), At(found).string());
+    EXPECT_FALSE(m_Files.Exists(m_Scratch.Text("name") + std::u16string(1, u'\0') + u"x"));
 }
 
 TEST(FileStamp, DosTime)
@@ -195,10 +163,9 @@ TEST(FileStamp, DosTime)
     ASSERT_EQ(::setenv("TZ", "UTC0", 1), 0);
     ::tzset();
     EXPECT_EQ(GetDosTime({}), 0U);
-    // 2004-05-06 07:08:09 UTC.
-    EXPECT_EQ(GetDosTime({1083827289'000000000, 0}),
-              (24U << 9U | 5U << 5U | 6U) << 16U | (7U << 11U | 8U << 5U | 4U));
-    EXPECT_EQ(GetDosTime({1, 0}), 0x00210000U); // Before 1980.
+    // 2004-05-06 07:08:09 UTC, and a time before 1980.
+    EXPECT_EQ(GetDosTime({1083827289'000000000, 0}), 0x30A63904U);
+    EXPECT_EQ(GetDosTime({1, 0}), 0x00210000U);
     ::unsetenv("TZ");
     ::tzset();
 }

@@ -47,6 +47,19 @@ protected:
         return {reinterpret_cast<const char*>(buffer.GetBytes().data()), buffer.GetBytes().size()};
     }
 
+    std::u16string List(const SDirectoryFilter& filter, std::u16string_view directory = {})
+    {
+        std::vector<SDirectoryEntry> entries;
+        EXPECT_TRUE(m_pFiles->ListDirectory(Path(directory), filter, entries).IsOk());
+        std::u16string names;
+        for (const SDirectoryEntry& entry : entries)
+        {
+            names += entry.m_sName + (entry.m_bDirectory ? u"/ " : u" ");
+            EXPECT_EQ(entry.m_bDirectory, entry.m_nNode != 0);
+        }
+        return names;
+    }
+
     CScratchDir m_Scratch;
     std::unique_ptr<IFileSystem> m_pFiles;
 };
@@ -66,10 +79,7 @@ TEST_P(CFileSystemTest, NamesAreFoundWithoutRegardToCaseAndSeparator)
     EXPECT_TRUE(m_pFiles->IsDirectory(m_Scratch.Text("BASE")));
     // A write and a listing go to the entry that is there, and keep its name.
     ASSERT_TRUE(m_pFiles->WriteFile(mixed, AsBytes("more")).IsOk());
-    std::vector<SDirectoryEntry> entries;
-    ASSERT_TRUE(m_pFiles->ListDirectory(Path(u"GRÖßE"), {}, entries).IsOk());
-    ASSERT_EQ(entries.size(), 1U);
-    EXPECT_EQ(entries[0].m_sName, u"Datei.Rec");
+    EXPECT_EQ(List({}, u"GRÖßE"), u"Datei.Rec ");
     EXPECT_EQ(m_pFiles->CreateDirectory(Path(u"gRöße")).m_Code, EFileError::AlreadyExists);
 }
 
@@ -80,22 +90,9 @@ TEST_P(CFileSystemTest, ListingIsFilteredAndInStableOrder)
         Write(name, "x");
     for (const std::u16string_view name : {u"A.dir", u"b.dir"})
         ASSERT_TRUE(m_pFiles->CreateDirectory(Path(name)).IsOk());
-    const auto list = [&](const SDirectoryFilter& filter)
-    {
-        std::vector<SDirectoryEntry> entries;
-        EXPECT_TRUE(m_pFiles->ListDirectory(Path(u""), filter, entries).IsOk());
-        std::u16string names;
-        for (const SDirectoryEntry& entry : entries)
-        {
-            names += entry.m_sName + (entry.m_bDirectory ? u"/ " : u" ");
-            EXPECT_EQ(entry.m_bDirectory, entry.m_nNode != 0);
-        }
-        return names;
-    };
-    const std::u16string directories = list({true, false, {}});
-    EXPECT_EQ(directories, u"A.dir/ b.dir/ ");
-    EXPECT_EQ(list({false, true, u"REC"}), u".rec a.Rec b.rec B2.REC ä.rec ");
-    EXPECT_EQ(list({true, true, u"rec"}), u".rec A.dir/ a.Rec b.dir/ b.rec B2.REC ä.rec ");
+    EXPECT_EQ(List({true, false, {}}), u"A.dir/ b.dir/ ");
+    EXPECT_EQ(List({false, true, u"REC"}), u".rec a.Rec b.rec B2.REC ä.rec ");
+    EXPECT_EQ(List({true, true, u"rec"}), u".rec A.dir/ a.Rec b.dir/ b.rec B2.REC ä.rec ");
 }
 
 TEST_P(CFileSystemTest, WrongKindsAndMissingPathsAreTold)
@@ -140,8 +137,6 @@ TEST_P(CFileSystemTest, WritesLeaveEqualAndReadOnlyFilesAlone)
     ASSERT_TRUE(m_pFiles->SetReadOnly(Path(u"file"), false).IsOk());
     Write(u"file", "two");
     EXPECT_EQ(Read(Path(u"file")), "two");
-    Write(u"empty", "");
-    EXPECT_EQ(Read(Path(u"empty")), "");
 }
 
 TEST_P(CFileSystemTest, Renames)
@@ -157,15 +152,11 @@ TEST_P(CFileSystemTest, Renames)
     EXPECT_TRUE(m_pFiles->CreateDirectoryTree(Path(u"dir/sub/x")).IsOk());
     Write(u"dir/sub/f", "f");
     EXPECT_TRUE(m_pFiles->Rename(Path(u"dir"), Path(u"DIR"), false).IsOk());
-    std::vector<SDirectoryEntry> entries;
-    ASSERT_TRUE(m_pFiles->ListDirectory(Path(u""), {true, false, {}}, entries).IsOk());
-    ASSERT_EQ(entries.size(), 1U);
-    EXPECT_EQ(entries[0].m_sName, u"DIR");
+    EXPECT_EQ(List({true, false, {}}), u"DIR/ ");
     EXPECT_TRUE(m_pFiles->Rename(Path(u"dir"), Path(u"other"), false).IsOk());
     EXPECT_EQ(Read(Path(u"other/sub/f")), "f");
     EXPECT_FALSE(m_pFiles->Remove(Path(u"other")).IsOk());
-    EXPECT_TRUE(m_pFiles->Remove(Path(u"other/sub/f")).IsOk());
-    EXPECT_TRUE(m_pFiles->Remove(Path(u"other/sub")).IsOk());
+    EXPECT_TRUE(m_pFiles->Remove(Path(u"other/sub/f")).IsOk() && m_pFiles->Remove(Path(u"other/sub")).IsOk());
     EXPECT_FALSE(m_pFiles->Exists(Path(u"other/sub")));
 }
 

@@ -56,10 +56,8 @@ TEST(LineScanner, MarksAgreeWithTheirDefinition)
         const std::u16string units = RandomUnits(random, kLineBlock);
         const SLineMarks fast = FindLineMarks(units.data());
         const SLineMarks plain = FindLineMarksPlainly(units.data());
-        ASSERT_EQ(fast.ends, plain.ends);
-        ASSERT_EQ(fast.equals, plain.equals);
-        ASSERT_EQ(fast.lasts, plain.lasts);
-        ASSERT_EQ(fast.zeros, plain.zeros);
+        ASSERT_TRUE(fast.ends == plain.ends && fast.equals == plain.equals && fast.lasts == plain.lasts &&
+                    fast.zeros == plain.zeros);
     }
 }
 

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+
 TEST(Path, Parts)
 {
     const SPathParts parts = SplitPath(u"C:\\a.b/c\\name.tar.gz");
@@ -26,16 +28,11 @@ TEST(Path, Absolute)
         EXPECT_FALSE(IsAbsolutePath(path)) << ToNarrow(path);
 }
 
-struct SPathRow
-{
-    std::u16string_view base;
-    std::u16string_view value;
-    std::u16string_view result;
-};
+using CPathRow = std::array<std::u16string_view, 3>; // Base, value, result.
 
 TEST(Path, CanonicalForm)
 {
-    const SPathRow rows[] = {
+    const CPathRow rows[] = {
         {u"C:\\p\\", u"..\\Game\\x.rec", u"C:\\Game\\x.rec"},
         {u"/p/q", u"./a/../b/x.rec", u"/p/q/b/x.rec"},
         {u"/p/q", u"../../../x", u"/x"},
@@ -47,17 +44,17 @@ TEST(Path, CanonicalForm)
         {u"/p", u"..", u"/p/.."}, // The last element is a file name.
         {u"", u"", u"/"},
     };
-    for (const SPathRow& row : rows)
+    for (const auto& [base, value, expected] : rows)
     {
-        const std::u16string result = JoinCanonical(row.base, row.value);
-        EXPECT_EQ(result, row.result) << ToNarrow(row.base) << " + " << ToNarrow(row.value);
-        EXPECT_EQ(CanonicalPath(result), result.ends_with(u"..") ? row.result : result);
+        const std::u16string result = JoinCanonical(base, value);
+        EXPECT_EQ(result, expected) << ToNarrow(base) << " + " << ToNarrow(value);
+        EXPECT_EQ(CanonicalPath(result), expected);
     }
 }
 
 TEST(Path, Resolve)
 {
-    const SPathRow rows[] = {
+    const CPathRow rows[] = {
         {u"C:\\p\\", u"..\\Game", u"C:\\Game"},
         {u"C:\\p\\", u"D:\\lib\\..\\db.dll", u"D:\\lib\\..\\db.dll"},
         {u"C:\\p\\", u"", u"C:\\p\\"},
@@ -68,25 +65,21 @@ TEST(Path, Resolve)
         {u"p", u"a/b/..", u"p/a"},
         {u"p", u"../a", u"a"},
     };
-    for (const SPathRow& row : rows)
-        EXPECT_EQ(ResolvePath(row.base, row.value), row.result)
-            << ToNarrow(row.base) << " + " << ToNarrow(row.value);
+    for (const auto& [base, value, result] : rows)
+        EXPECT_EQ(ResolvePath(base, value), result) << ToNarrow(base) << " + " << ToNarrow(value);
 }
 
 TEST(Path, FileBaseNames)
 {
-    const std::pair<std::u16string, std::u16string> rows[] = {
-        {u"", u"_"},
-        {u".", u"_"},
-        {u"..", u"_"},
-        {u"a/b\\c", u"a_b_c"},
-        {u"a\tb", u"a_b"},
-        {u"Länge (2).x", u"Länge (2).x"},
-        {{u'a', char16_t{0xD800}}, u"a_"},
-    };
+    const std::pair<std::u16string, std::u16string> rows[] = {{u"", u"_"},
+                                                              {u".", u"_"},
+                                                              {u"..", u"_"},
+                                                              {u"a/b\\c", u"a_b_c"},
+                                                              {u"a\tb", u"a_b"},
+                                                              {u"Länge (2).x", u"Länge (2).x"},
+                                                              {{u'a', char16_t{0xD800}}, u"a_"}};
     for (const auto& [name, safe] : rows)
         EXPECT_EQ(MakeFileBaseName(name), safe);
-    const std::u16string longName = MakeFileBaseName(std::u16string(300, u'ä'));
-    EXPECT_LE(ToNarrow(longName).size(), 200U);
-    EXPECT_GT(longName.size(), 90U);
+    const std::size_t length = ToNarrow(MakeFileBaseName(std::u16string(300, u'ä'))).size();
+    EXPECT_TRUE(length > 180 && length <= 200) << length;
 }
