@@ -21,6 +21,13 @@ std::string InDatabase(std::string_view file)
     return std::string(kDatabase) + std::string(file);
 }
 
+std::string ReadLines(const CScratchDir& scratch, const std::string& file)
+{
+    std::string text = ToNarrow(scratch.ReadUtf16(file));
+    std::erase(text, '\r');
+    return text;
+}
+
 // A reference to what a test looks for, or the end of the test.
 template <class T> T& Require(T* object, std::string_view name)
 {
@@ -76,9 +83,7 @@ void CTestDatabase::WriteBytes(std::string_view file, std::string_view bytes) co
 
 std::string CTestDatabase::Read(std::string_view file) const
 {
-    std::string text = ToNarrow(m_Scratch.ReadUtf16(InDatabase(file)));
-    std::erase(text, '\r');
-    return text;
+    return ReadLines(m_Scratch, InDatabase(file));
 }
 
 fs::path CTestDatabase::GetPath(std::string_view file) const
@@ -210,30 +215,20 @@ CTestDatabase::Snapshot CTestDatabase::TakeSnapshot() const
 
 std::string CTestDatabase::GetChanges(const Snapshot& before) const
 {
-    std::map<std::string, bool> changed;
     const Snapshot after = TakeSnapshot();
-    for (const auto& [name, state] : before)
-    {
-        if (!after.contains(name) || after.at(name) != state)
-            changed[name] = true;
-    }
-    for (const auto& [name, state] : after)
-    {
-        if (!before.contains(name))
-            changed[name] = true;
-    }
+    Snapshot all = after;
+    all.insert(before.begin(), before.end());
     std::string names;
-    for (const auto& [name, ignored] : changed)
-        names += name + ";";
+    for (const auto& [name, state] : all)
+    {
+        const bool same = before.contains(name) && after.contains(name) && before.at(name) == after.at(name);
+        names += same ? "" : name + ";";
+    }
     return names;
 }
 
 std::string CTestDatabase::GetPerUserFile() const
 {
     const std::string file = "config/Harrowgate Works/ZORN/Corvane/" + std::string(kIdentity) + ".ini";
-    if (!m_Scratch.Exists(file))
-        return {};
-    std::string text = ToNarrow(m_Scratch.ReadUtf16(file));
-    std::erase(text, '\r');
-    return text;
+    return m_Scratch.Exists(file) ? ReadLines(m_Scratch, file) : std::string();
 }

@@ -48,9 +48,6 @@ class Save : public testing::Test, protected CTestDatabase
 protected:
     void SetUp() override { WriteCanonical(*this); }
 };
-class Closing : public Save
-{
-};
 } // namespace
 
 TEST_F(Save, AForcedSaveOfCanonicalFilesChangesNoByte)
@@ -227,7 +224,7 @@ TEST_F(Save, AReloadedRecordFollowsItsFile)
     EXPECT_EQ(Get().FindRecord(u"C/child", nullptr), &Record("C/D/child"));
 }
 
-TEST_F(Closing, TouchesNoFileAndWritesTheUsersOwn)
+TEST_F(Save, TheCloseTouchesNoFileAndWritesTheUsersOwn)
 {
     const CTestDatabase::Snapshot before = TakeSnapshot();
     ASSERT_TRUE(Open());
@@ -243,7 +240,7 @@ TEST_F(Closing, TouchesNoFileAndWritesTheUsersOwn)
     EXPECT_EQ(m_Events.size() > 2 ? m_Events.back() : 0, 3);
 }
 
-TEST_F(Closing, AFailedLoadLeavesTheUsersFileAlone)
+TEST_F(Save, AFailedLoadLeavesTheUsersFileAlone)
 {
     m_Scratch.WriteUtf16(kUserFile, u"[Database]\r\nVersion=9\r\nOther=kept\r\n\r\n");
     const std::string before = m_Scratch.ReadBytes(kUserFile);
@@ -258,11 +255,10 @@ TEST_F(Closing, AFailedLoadLeavesTheUsersFileAlone)
     m_Questions.Prepare(u"Source Control Integration", {EAnswer::Retry, EAnswer::Ignore});
     ASSERT_TRUE(Open());
     Close();
+    m_Gate.m_bRefuseConnection = false;
     EXPECT_THAT(GetPerUserFile(), HasSubstr("Version=3\nOther=kept\nActive.Build=0\n"));
-}
-
-TEST_F(Closing, AUsersFileThatCannotBeReadIsNotOverwritten)
-{
+    // One that cannot be read is told, and is not overwritten.
+    m_Questions.Clear();
     m_Scratch.WriteBytes(kUserFile, "[Database]\nActive.Build=12\n");
     ASSERT_TRUE(Open());
     EXPECT_EQ(m_Questions.GetQuestions().size(), 1U);

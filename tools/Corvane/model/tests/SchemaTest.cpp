@@ -32,18 +32,9 @@ std::string Dump(const CTestDatabase& database, std::string_view path)
         text += ToNarrow(attrib->GetName()) + "=" + ToNarrow(attrib->GetValue(0)) + " ";
     return text;
 }
+
 class SchemaFile : public testing::Test, protected CTestDatabase
 {
-};
-
-class SchemaFamily : public SchemaFile
-{
-protected:
-    void SetUp() override
-    {
-        WriteFamily(*this);
-        ASSERT_TRUE(Open());
-    }
 };
 } // namespace
 
@@ -147,8 +138,10 @@ TEST_F(SchemaFile, ConnectsParentsInAnyOrderOfFiles)
                   GetPath("Z.schema").string() + "\n\nv.s.\n\n" + GetPath("Schemas/C.schema").string());
 }
 
-TEST_F(SchemaFamily, AReloadKeepsEveryValue)
+TEST_F(SchemaFile, AReloadKeepsEveryValue)
 {
+    WriteFamily(*this);
+    ASSERT_TRUE(Open());
     const auto entry = [](const char* name, const char* rest)
     { return "[Attrib." + std::string(name) + "]\nType=Integer\n" + rest + "\n"; };
     const std::pair<std::string, std::pair<std::string, std::string>> cases[] = {
@@ -179,8 +172,14 @@ TEST_F(SchemaFamily, AReloadKeepsEveryValue)
     EXPECT_EQ(GetTitles(), "");
 }
 
-TEST_F(SchemaFamily, AFailedReloadLeavesItAsItWas)
+TEST_F(SchemaFile, AFailedReloadLeavesItAsItWasAndAGoodOneFollowsNewNames)
 {
+    WriteFamily(*this);
+    ASSERT_TRUE(Open());
+    ASSERT_TRUE(Get().SaveSchema(&Schema("Derived")));
+    EXPECT_EQ(Read("Schemas/Derived.schema"),
+              "[Schema]\nName=Derived\nHelp=\nParent=Base\n\n[Attrib.C.0]\nType=Integer\nData=\nDefault=3\n"
+              "Unicode=False\nDeleted=False\nInherit=True\nValues=1\nHelp=\n\n");
     WriteBytes("Schemas/Base.schema", "[Schema]\nName=Base\n");
     EXPECT_FALSE(Schema("Base").ReloadFromFile());
     Write("Schemas/Base.schema", "[Schema]\nName=Derived\n");
@@ -190,10 +189,7 @@ TEST_F(SchemaFamily, AFailedReloadLeavesItAsItWas)
     EXPECT_EQ(GetTemplateList("Derived"), "A.0 B.0 C.0 ");
     EXPECT_EQ(Dump(*this, "Deriveds/R"), "A=11 B=21 C=31 ");
     EXPECT_EQ(GetTitles(), "Invalid Schema File Format;Schema Duplicates;File Open Failed;");
-}
-
-TEST_F(SchemaFamily, AReloadFollowsNewNamesAndParents)
-{
+    m_Questions.Clear();
     Write("Schemas/Base.schema", "[Schema]\nName=Renamed\n\n[Attrib.A.0]\nType=Integer\n\n");
     ASSERT_TRUE(Schema("Base").ReloadFromFile());
     EXPECT_EQ(Get().FindSchema(u"Base"), nullptr);
@@ -203,13 +199,4 @@ TEST_F(SchemaFamily, AReloadFollowsNewNamesAndParents)
     AddSchema("Derived", "[Attrib.C.0]\nType=Integer\nDefault=3\n\n", "renamed");
     ASSERT_TRUE(Schema("Derived").ReloadFromFile());
     EXPECT_EQ(Dump(*this, "Deriveds/R"), "A=0 C=31 ");
-}
-
-TEST_F(SchemaFamily, SavesItsOwnEntriesOnly)
-{
-    ASSERT_TRUE(Get().SaveSchema(&Schema("Derived")));
-    EXPECT_EQ(Read("Schemas/Derived.schema"),
-              "[Schema]\nName=Derived\nHelp=\nParent=Base\n\n[Attrib.C.0]\nType=Integer\nData=\nDefault="
-              "3\nUnicode=False\n"
-              "Deleted=False\nInherit=True\nValues=1\nHelp=\n\n");
 }
