@@ -17,8 +17,7 @@ constexpr unsigned kDeadline = 20;
     for (std::string& argument : arguments)
         texts.push_back(argument.data());
     texts.push_back(nullptr);
-    const int input = ::open("/dev/null", O_RDONLY);
-    ::dup2(input, STDIN_FILENO);
+    ::dup2(::open("/dev/null", O_RDONLY), STDIN_FILENO);
     ::dup2(output, STDOUT_FILENO);
     ::dup2(output, STDERR_FILENO);
     ::setenv("XDG_CONFIG_HOME", (directory / "config").c_str(), 1);

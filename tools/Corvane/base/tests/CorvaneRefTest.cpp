@@ -9,10 +9,10 @@
 
 namespace
 {
-struct CThing : CCorvaneRef
+class CThing : public CCorvaneRef
 {
 };
-struct CSpecialThing final : CThing
+class CSpecialThing final : public CThing
 {
 };
 } // namespace
