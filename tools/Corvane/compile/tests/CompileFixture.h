@@ -3,7 +3,7 @@
 
 #include "CorvaneSchemaAttribData.h"
 #include "DatabaseCompiler.h"
-#include "DatabaseFixture.h"
+#include "GatedDatabase.h"
 #include "TestLink.h"
 
 #include <cstdlib>
@@ -11,11 +11,12 @@
 #include <vector>
 
 // The names of the test creators are paths; the locator takes them as they are.
-inline constexpr std::u16string_view kRecordingCreator = RECORDING_CREATOR;
-inline constexpr std::u16string_view kEmptyCreator = EMPTY_CREATOR;
+inline constexpr std::string_view kRecordingCreator = RECORDING_CREATOR;
+inline constexpr std::string_view kEmptyCreator = EMPTY_CREATOR;
+inline constexpr std::string_view kPacked = "Packed.Gamdb00p";
 inline constexpr std::string_view kOldFile = "the packed file of yesterday";
 
-class CCompileFixture : public CDatabaseFixture
+class CCompileFixture : public CGatedDatabase
 {
 protected:
     void SetUp() override
@@ -25,25 +26,39 @@ protected:
         m_AttribData.RegisterAttribData(u"TestLink", &CreateCorvaneAttribData<CCorvaneSchemaAttribData>);
         WriteLocator(kRecordingCreator);
         WriteRoot();
-        WriteSchema("Vehicle", u"[Attrib.Mass.10]\nType=Integer\nDefault=5\n\n"
-                               u"[Attrib.Mass.0]\nType=Integer\nData=min=0;max=100\nDefault=5\n\n"
-                               u"[Attrib.Ally.0]\nType=TestLink\nDefault=<none>\n");
-        WriteCategory("Land", u"Vehicle");
-        WriteCategory("Land/Tracked", u"Vehicle");
-        WriteCategory("Store", u"");
-        WriteRecord("Land", "Bike", u"Vehicle", Values(u"1", u"Land/Tracked/Tank"), u"Light");
-        WriteRecord("Land", "Car", u"Vehicle", Values(u"2", u"<none>"));
-        WriteRecord("Land/Tracked", "Tank", u"Vehicle", Values(u"3", u"Land/Bike"));
-        m_Scratch.WriteBytes("Db/Packed.Gamdb00p", kOldFile);
+        AddSchema("Vehicle", "[Attrib.Mass.10]\nType=Integer\nDefault=5\n\n"
+                             "[Attrib.Mass.0]\nType=Integer\nData=min=0;max=100\nDefault=5\n\n"
+                             "[Attrib.Ally.0]\nType=TestLink\nDefault=<none>\n");
+        for (const auto& [path, schema] :
+             {std::pair{"Land", "Vehicle"}, {"Land/Tracked", "Vehicle"}, {"Store", ""}})
+            AddCategory(path, schema);
+        AddVehicle("Land/Bike", "1", "Land/Tracked/Tank", "VirtualRelativeCategory=Light\n");
+        AddVehicle("Land/Car", "2", "<none>");
+        AddVehicle("Land/Tracked/Tank", "3", "Land/Bike");
+        WriteBytes(kPacked, kOldFile);
     }
     void TearDown() override { SetCreatorMode(""); }
 
-    // Values of one vehicle: its mass in build 0 (ten times as much from build 10 on) and its ally.
-    static std::u16string Values(const std::u16string& mass, const std::u16string& ally)
+    void WriteRoot(const std::string& keys = {}) const
     {
-        return u"[Attrib.Mass.10]\nInherit=False\nValue.0000=" + mass +
-               u"0\n\n[Attrib.Mass]\nInherit=False\nValue.0000=" + mass +
-               u"\n\n[Attrib.Ally]\nInherit=False\nValue.0000=" + ally + u"\n";
+        Write("Root.Gamdb00s", "[General]\nVersion=1\nName=Test\nBuild=Packed.Gamdb00p\n"
+                               "Database={7C1D5B0E-3A94-4E27-9D5F-64B8A2F0C955}\n" +
+                                   keys);
+    }
+    void WriteLocator(std::string_view creator) const
+    {
+        m_Scratch.WriteBytes("Game/Game.proj00",
+                             "[Project Binaries]\nGameDatabase=" + std::string(creator) + "\n");
+    }
+    // Its mass is that in build 0, ten times as much from build 10 on.
+    void AddVehicle(const char* path, const std::string& mass, const std::string& ally,
+                    const char* keys = "") const
+    {
+        const std::string value = "]\nInherit=False\nValue.0000=";
+        AddRecord(path, "Vehicle",
+                  "[Attrib.Mass.10" + value + mass + "0\n[Attrib.Mass" + value + mass + "\n[Attrib.Ally" +
+                      value + ally + "\n",
+                  keys);
     }
 
     static void SetCreatorMode(const char* mode) { ::setenv("CORVANE_TEST_CREATOR", mode, 1); }
@@ -72,8 +87,11 @@ protected:
             });
     }
 
-    [[nodiscard]] std::u16string GetTarget() const { return m_Scratch.Text("Db/Packed.Gamdb00p"); }
-    [[nodiscard]] std::string ReadPacked() const { return m_Scratch.ReadBytes("Db/Packed.Gamdb00p"); }
+    [[nodiscard]] std::u16string GetTarget() const { return GetText(kPacked); }
+    [[nodiscard]] std::string ReadPacked() const
+    {
+        return m_Scratch.ReadBytes("Game/Database/Packed.Gamdb00p");
+    }
     // Title and text of each box that was shown.
     [[nodiscard]] std::vector<std::u16string> GetBoxes() const
     {
@@ -85,7 +103,7 @@ protected:
     // No temporary file lies beside the target.
     [[nodiscard]] bool IsClean() const
     {
-        const std::filesystem::directory_iterator entries(m_Scratch.GetPath() / "Db");
+        const std::filesystem::directory_iterator entries(GetPath(""));
         return std::none_of(begin(entries), end(entries),
                             [](const auto& entry) { return entry.path().extension() == ".corvane-tmp"; });
     }

@@ -61,12 +61,12 @@ TEST_F(CCompileOutputTest, WhatIsOnItsWayOutIsLeftOutAndLinksToItGetHandleZero)
 
 TEST_F(CCompileOutputTest, EmptyDatabaseCompilesBesideItsRootFile)
 {
-    std::filesystem::remove_all(m_Scratch.GetPath() / "Db");
+    std::filesystem::remove_all(GetPath(""));
     WriteRoot();
     Open();
     const auto before = static_cast<std::ptrdiff_t>(m_Questions.GetProgress().size());
     EXPECT_TRUE(m_Compiler.CompileDatabase(0, {}, 0));
-    EXPECT_EQ(m_Scratch.ReadBytes("Db/Test.Gamdb00p"), "database 1\n");
+    EXPECT_EQ(m_Scratch.ReadBytes("Game/Database/Test.Gamdb00p"), "database 1\n");
     const std::vector<std::u16string>& told = m_Questions.GetProgress();
     EXPECT_TRUE(std::all_of(told.begin() + before, told.end(),
                             [](const std::u16string& line)
@@ -76,8 +76,8 @@ TEST_F(CCompileOutputTest, EmptyDatabaseCompilesBesideItsRootFile)
 TEST_F(CCompileOutputTest, ProgressRunsFromZeroInEachPassAndBreathesOnceInEightItems)
 {
     for (int i = 0; i < 100; ++i)
-        WriteRecord("Store/Many", "R" + std::to_string(i), u"Vehicle", {});
-    WriteCategory("Store/Many", u"Vehicle");
+        AddRecord("Store/Many/R" + std::to_string(i), "Vehicle");
+    AddCategory("Store/Many", "Vehicle");
     Open();
     int pumps = 0;
     m_Questions.m_Cancel = [&pumps](std::u16string_view) { return ++pumps < 0; };

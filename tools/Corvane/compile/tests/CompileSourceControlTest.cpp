@@ -72,7 +72,7 @@ TEST_F(CSaveFirstTest, ChangesReachTheDiskBeforeTheBuild)
     ASSERT_NE(car, nullptr);
     ASSERT_TRUE(car->GetAttributeList()[1]->SetValue(0, u"77"));
     EXPECT_TRUE(Compile(COMPILE_SAVE));
-    EXPECT_NE(m_Scratch.ReadUtf16("Db/Land/Car.record").find(u"=77\r\n"), std::u16string::npos);
+    EXPECT_NE(Read("Land/Car.record").find("=77\n"), std::string::npos);
     EXPECT_NE(ReadPacked().find("[0] 77\n"), std::string::npos);
 }
 } // namespace

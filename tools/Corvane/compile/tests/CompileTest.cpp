@@ -13,7 +13,7 @@ constexpr const char16_t* kNoSave = u"Error: Failed to save database to file.  T
 struct SBadCreator
 {
     const char* m_sMode;
-    std::u16string_view m_sLibrary;
+    std::string_view m_sLibrary;
     std::u16string m_sBox;
     std::vector<int> m_Events;
 };
@@ -50,7 +50,7 @@ const std::vector<int> kInSave{8, 20, 21, 22, 23, 24, 25, -9};
 
 INSTANTIATE_TEST_SUITE_P(
     Creators, CBadCreatorTest,
-    ::testing::Values(SBadCreator{"", u"Missing.dll", kNoLibrary, kNone},
+    ::testing::Values(SBadCreator{"", "Missing.dll", kNoLibrary, kNone},
                       SBadCreator{"", kEmptyCreator, kNoLibrary, kNone},
                       SBadCreator{"null", kRecordingCreator, kNoLibrary, kNone},
                       SBadCreator{"throw-export", kRecordingCreator, kNoLibrary, kNone},
@@ -114,7 +114,7 @@ TEST_F(CCompileTest, CancelInEachPhaseIsSilentAndKeepsTheOldFile)
 TEST_F(CCompileTest, CancelInTheMiddleOfAPassEndsIt)
 {
     for (int i = 0; i < 20; ++i)
-        WriteRecord("Land", "R" + std::to_string(i), u"Vehicle", {});
+        AddRecord("Land/R" + std::to_string(i), "Vehicle");
     int pumps = 0;
     m_Questions.m_Cancel = [&](std::u16string_view text)
     { return text == u"Compiling Records..." && ++pumps == 2; };
@@ -129,7 +129,7 @@ protected:
     void SetUp() override
     {
         CCompileFixture::SetUp();
-        WriteRecord("Land", "Car", u"Vehicle", Values(u"900", u"<none>"));
+        AddVehicle("Land/Car", "900", "<none>");
     }
     void ShowFindings(const CValidateCore&, bool modal) override { m_Shown.push_back(modal); }
 
@@ -188,15 +188,15 @@ TEST_F(CFindingsTest, ServerCompileEnds)
 
 TEST_F(CCompileTest, TargetThatCannotBeOpenedIsNamedWithItsCause)
 {
-    std::filesystem::remove(m_Scratch.GetPath() / "Db/Packed.Gamdb00p");
+    std::filesystem::remove(GetPath(kPacked));
     const auto box = [this](EFileError cause)
     {
         return u"Error: The packed database could not be opened for writing: " +
                CFileError{cause, 0}.GetText() + u".\n\n" + GetTarget();
     };
-    std::filesystem::create_directory(m_Scratch.GetPath() / "Db/Packed.Gamdb00p");
+    std::filesystem::create_directory(GetPath(kPacked));
     ExpectFailure(box(EFileError::NotAFile));
-    std::filesystem::remove(m_Scratch.GetPath() / "Db/Packed.Gamdb00p");
+    std::filesystem::remove(GetPath(kPacked));
 
     m_Failure = [](EFileOperation operation, std::u16string_view)
     { return operation == EFileOperation::OpenStream ? EFileError::AccessDenied : EFileError::None; };
@@ -223,7 +223,7 @@ TEST_F(CCompileTest, ReadOnlyTargetIsFreedByTheOuterProcedureOnly)
 
 TEST_F(CCompileTest, DeviceIsNotReplacedByAFile)
 {
-    const std::filesystem::path pipe = m_Scratch.GetPath() / "Db/Packed.Gamdb00p";
+    const std::filesystem::path pipe = GetPath(kPacked);
     std::filesystem::remove(pipe);
     std::filesystem::create_symlink("/dev/null", pipe);
     EXPECT_FALSE(Compile());

@@ -87,7 +87,7 @@ class CCompileStepTest : public CCompileFixture
 
 TEST_F(CCompileStepTest, RunsAfterEveryCompileThatReachedItAndNeverChangesTheResult)
 {
-    WriteRoot(u"PostBuildStep=no-such-step\n");
+    WriteRoot("PostBuildStep=no-such-step\n");
     const std::u16string box = u"Post Build Step: Failed to execute Post Build Step.";
     EXPECT_TRUE(Compile());
     EXPECT_EQ(GetBoxes(), std::vector{box});
