@@ -2,7 +2,7 @@
 #pragma once
 
 #include "CorvaneType.h"
-#include "TestManager.h"
+#include "TestDatabase.h"
 #include "ValidationSink.h"
 
 #include <initializer_list>
@@ -10,30 +10,33 @@
 #include <string_view>
 #include <vector>
 
-class CTestAttribute
+class CTestAttribute : public CTestDatabase
 {
 public:
     // `keys` are lines of the attribute's schema section, such as u"Data=min=5". A type that the schema
     // does not take fails the test and ends in an exception.
     CTestAttribute(std::u16string_view type, std::initializer_list<std::u16string_view> keys);
+    ~CTestAttribute();
 
-    template <class T = CCorvaneType> [[nodiscard]] T& Get() { return dynamic_cast<T&>(*m_pAttrib); }
-    [[nodiscard]] CCorvaneType& GetTemplate() { return *m_pTemplate; }
-    [[nodiscard]] CCorvaneRecord& GetRecord() { return *m_pRecord; }
+    template <class T = CCorvaneType> [[nodiscard]] T& Get()
+    {
+        return dynamic_cast<T&>(Attrib("All/One", "Value"));
+    }
+    [[nodiscard]] CCorvaneType& GetTemplate();
     // The same attribute in a new record that inherits from this one.
     [[nodiscard]] CCorvaneType& AddChild();
+    // Compiles the attribute and writes it to the override output; each call of the libraries on a line.
+    [[nodiscard]] std::string GetOutputs();
+    // Sets the values one by one and returns what a validation finds, each finding on a line.
+    [[nodiscard]] std::string Check(std::initializer_list<std::u16string_view> values);
     // What was told about the schema's default, oldest first.
     [[nodiscard]] std::vector<std::u16string> GetDefaultMessages() const;
 
-    CTestManager m_Manager;
-
 private:
-    CCorvaneType* m_pTemplate = nullptr;
-    CCorvaneRecord* m_pRecord = nullptr;
-    CCorvaneType* m_pAttrib = nullptr;
+    std::vector<CRef<CCorvaneRecord>> m_Children;
 };
 
-// Keeps findings as "<severity> <type> <value index>: <description>".
+// Keeps findings as lines "<severity> <type> <value index>: <description>".
 class CRecordingSink final : public IValidationSink
 {
 public:
@@ -41,5 +44,5 @@ public:
                   CCorvaneAttrib*, std::size_t valueIndex) override;
     [[nodiscard]] std::uint32_t GetBuild() const override { return 0; }
 
-    std::vector<std::string> m_Errors;
+    std::string m_sErrors;
 };

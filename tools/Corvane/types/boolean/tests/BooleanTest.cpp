@@ -1,18 +1,12 @@
 #include "boolean/CorvaneTypeBoolean.h"
 
-#include "RecordingCreator.h"
 #include "TestAttribute.h"
 
 #include <gtest/gtest.h>
 
 TEST(Boolean, DefaultIsOneOfTheTwoWords)
 {
-    const struct
-    {
-        std::u16string_view text;
-        std::u16string_view expected;
-        std::vector<std::u16string> messages;
-    } rows[] = {
+    const std::tuple<std::u16string_view, std::u16string_view, std::vector<std::u16string>> rows[] = {
         {u"Default=", u"True", {}},
         {u"Default=true", u"True", {}},
         {u"Default=FALSE", u"False", {}},
@@ -20,11 +14,11 @@ TEST(Boolean, DefaultIsOneOfTheTwoWords)
          u"True",
          {u"The attribute 'Value' of schema 'Thing' contains an invalid boolean default value of '0'."}},
     };
-    for (const auto& row : rows)
+    for (const auto& [text, expected, messages] : rows)
     {
-        CTestAttribute test(u"Boolean", {row.text});
-        EXPECT_EQ(test.Get().GetValue(0), row.expected);
-        EXPECT_EQ(test.GetDefaultMessages(), row.messages);
+        CTestAttribute test(u"Boolean", {text});
+        EXPECT_EQ(test.Get().GetValue(0), expected);
+        EXPECT_EQ(test.GetDefaultMessages(), messages);
     }
 }
 
@@ -46,14 +40,6 @@ TEST(Boolean, StoredTextsStayAsTheyAre)
 TEST(Boolean, OutputsCarryTruthValues)
 {
     CTestAttribute test(u"Boolean", {u"Default=False"});
-    test.Get().SetOverride(true);
-    CRecordingCreator packed;
-    CreatorHandle handle = 0;
-    ASSERT_TRUE(test.Get().SaveToDatabase(packed, 7, 0, handle, u""));
-    EXPECT_EQ(packed.m_Calls,
-              (std::vector<std::string>{"CreateAttribute 7 Value 1 0 1", "SetBoolean 42 0 false"}));
-    CRecordingUnpackedCreator unpacked;
-    ASSERT_TRUE(test.Get().SaveToOverride(&unpacked, 9, u"", u""));
-    EXPECT_EQ(unpacked.m_Calls,
-              (std::vector<std::string>{"CreateAttribute 9  1 Value  Boolean 1 1", "SetBoolean 42 false"}));
+    EXPECT_EQ(test.GetOutputs(), "CreateAttribute 7 Value 1 0 1\nSetBoolean 42 0 false\n"
+                                 "CreateAttribute 9  1 Value  Boolean 1 1\nSetBoolean 42 false\n");
 }

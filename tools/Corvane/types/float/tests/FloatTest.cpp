@@ -1,38 +1,32 @@
 #include "float/CorvaneTypeFloat.h"
 
-#include "AssertCapture.h"
-#include "RecordingCreator.h"
+#include "FormatText.h"
 #include "TestAttribute.h"
 
 #include <gtest/gtest.h>
 
 TEST(Float, DefaultOutsideTheLimitsIsToldAndKept)
 {
-    const struct
+    const auto told = [](std::u16string_view value)
     {
-        std::u16string_view data;
-        std::u16string_view text;
-        std::u16string_view expected;
-        std::vector<std::u16string> messages;
-    } rows[] = {
-        {u"Data=", u"Default=", u"0.000000", {}},
-        {u"Data=", u"Default=1e2", u"100.000000", {}},
-        {u"Data=", u"Default=nan", u"0.000000", {}},
-        {u"Data=min=5;max=10", u"Default=10", u"10.000000", {}},
-        {u"Data=Min=5;Max=10",
-         u"Default=20",
-         u"20.000000",
-         {u"The attribute 'Value' of schema 'Thing' contains an invalid default float of '20.000000'."}},
-        {u"Data=min=.5",
-         u"Default=",
-         u"0.000000",
-         {u"The attribute 'Value' of schema 'Thing' contains an invalid default float of '0.000000'."}},
+        return std::vector{FormatText(
+            u"The attribute 'Value' of schema 'Thing' contains an invalid default float of '%s'.", value)};
     };
-    for (const auto& row : rows)
+    const std::tuple<std::u16string_view, std::u16string_view, std::u16string_view,
+                     std::vector<std::u16string>>
+        rows[] = {
+            {u"Data=", u"Default=", u"0.000000", {}},
+            {u"Data=", u"Default=1e2", u"100.000000", {}},
+            {u"Data=", u"Default=nan", u"0.000000", {}},
+            {u"Data=min=5;max=10", u"Default=10", u"10.000000", {}},
+            {u"Data=Min=5;Max=10", u"Default=20", u"20.000000", told(u"20.000000")},
+            {u"Data=min=.5", u"Default=", u"0.000000", told(u"0.000000")},
+        };
+    for (const auto& [data, text, expected, messages] : rows)
     {
-        CTestAttribute test(u"Float", {row.data, row.text});
-        EXPECT_EQ(test.Get().GetValue(0), row.expected);
-        EXPECT_EQ(test.GetDefaultMessages(), row.messages);
+        CTestAttribute test(u"Float", {data, text});
+        EXPECT_EQ(test.Get().GetValue(0), expected);
+        EXPECT_EQ(test.GetDefaultMessages(), messages);
     }
 }
 
@@ -53,34 +47,16 @@ TEST(Float, TypedAccessParsesAndFormats)
 TEST(Float, ValidateComparesIn32Bits)
 {
     CTestAttribute test(u"Float", {u"Data=min=0.1;max=0.2", u"Default=0.1", u"Values=4"});
-    const std::u16string_view values[] = {u"0.1", u"0.20000000001", u"0.21", u"0"};
-    for (std::size_t i = 0; i < std::size(values); ++i)
-        ASSERT_TRUE(test.Get().SetValue(i, values[i]));
-    CRecordingSink sink;
-    EXPECT_FALSE(test.Get().Validate(&sink));
     EXPECT_EQ(
-        sink.m_Errors,
-        (std::vector<std::string>{
-            "1 Invalid Float 2: The value '0.210000' is not within the valid range of (0.100000, 0.200000).",
-            "1 Invalid Float 3: The value '0.000000' is not within the valid range of (0.100000, "
-            "0.200000)."}));
-    CAssertCapture asserts;
-    EXPECT_FALSE(test.Get().Validate(nullptr));
-    EXPECT_TRUE(asserts.Has("pCore"));
+        test.Check({u"0.1", u"0.20000000001", u"0.21", u"0"}),
+        "1 Invalid Float 2: The value '0.210000' is not within the valid range of (0.100000, 0.200000).\n"
+        "1 Invalid Float 3: The value '0.000000' is not within the valid range of (0.100000, 0.200000).\n");
 }
 
 TEST(Float, OutputsCarryNumbersAndLimits)
 {
     CTestAttribute test(u"Float", {u"Data=min=-2.5", u"Default=0.25"});
-    test.Get().SetOverride(true);
-    CRecordingCreator packed;
-    CreatorHandle handle = 0;
-    ASSERT_TRUE(test.Get().SaveToDatabase(packed, 7, 0, handle, u""));
-    EXPECT_EQ(packed.m_Calls,
-              (std::vector<std::string>{"CreateAttribute 7 Value 2 0 1", "SetFloat 42 0 0.25"}));
-    CRecordingUnpackedCreator unpacked;
-    ASSERT_TRUE(test.Get().SaveToOverride(&unpacked, 9, u"", u""));
-    EXPECT_EQ(unpacked.m_Calls,
-              (std::vector<std::string>{"CreateAttribute 9  2 Value min=-2.5 Float 1 1",
-                                        "SetFloatLimits 42 -2.5 3.40282347e+38", "SetFloat 42 0.25"}));
+    EXPECT_EQ(test.GetOutputs(), "CreateAttribute 7 Value 2 0 1\nSetFloat 42 0 0.25\n"
+                                 "CreateAttribute 9  2 Value min=-2.5 Float 1 1\n"
+                                 "SetFloatLimits 42 -2.5 3.40282347e+38\nSetFloat 42 0.25\n");
 }
