@@ -6,7 +6,6 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
-#include <fstream>
 #include <sstream>
 #include <sys/wait.h>
 
@@ -17,8 +16,7 @@ class DumpTool : public testing::Test
 protected:
     DumpTool()
     {
-        const std::vector<std::byte> bytes = MakeSmallDatabase();
-        m_Dir.WriteBytes("small.Gamdb00p", {reinterpret_cast<const char*>(bytes.data()), bytes.size()});
+        m_Dir.WriteBytes("small.Gamdb00p", AsText(MakeSmallDatabase()));
         m_sFile = (m_Dir.GetPath() / "small.Gamdb00p").string();
     }
 
@@ -29,13 +27,6 @@ protected:
         return RunDumpTool(arguments, m_Out, m_Error);
     }
 
-    static std::string Golden(const char* name)
-    {
-        std::ifstream in(std::string(GAMEDB_GOLDEN_DIR "/") + name);
-        EXPECT_TRUE(in) << name;
-        return {std::istreambuf_iterator<char>(in), {}};
-    }
-
     CScratchDir m_Dir;
     std::string m_sFile;
     std::ostringstream m_Out;
@@ -43,27 +34,20 @@ protected:
 };
 } // namespace
 
-TEST_F(DumpTool, ShowsTheWholeDatabase)
+TEST_F(DumpTool, ShowsTheDatabaseARecordAndASummary)
 {
-    ASSERT_EQ(Run({m_sFile.c_str()}), DUMP_OK) << m_Error.str();
-    EXPECT_EQ(m_Out.str(), Golden("small.json"));
-}
-
-TEST_F(DumpTool, ShowsOneRecord)
-{
-    ASSERT_EQ(Run({"--record", "Units/Bare", m_sFile.c_str()}), DUMP_OK);
+    const char* const file = m_sFile.c_str();
+    ASSERT_EQ(Run({file}), DUMP_OK) << m_Error.str();
+    EXPECT_EQ(m_Out.str(), ReadGolden("small.json"));
+    ASSERT_EQ(Run({"--summary", file}), DUMP_OK);
+    EXPECT_EQ(m_Out.str(), ReadGolden("small.summary"));
+    ASSERT_EQ(Run({"--record", "Units/Bare", file}), DUMP_OK);
     EXPECT_EQ(m_Out.str(),
               "{\n  \"path\": \"Units/Bare\",\n  \"category\": \"Units\",\n  \"name\": \"Bare\",\n"
               "  \"schema\": \"\",\n  \"attributes\": []\n}\n");
-    EXPECT_EQ(Run({"--record", "Units/bare", m_sFile.c_str()}), DUMP_RECORD_NOT_FOUND);
+    EXPECT_EQ(Run({"--record", "Units/bare", file}), DUMP_RECORD_NOT_FOUND);
     EXPECT_EQ(m_Out.str(), "");
     EXPECT_NE(m_Error.str().find("no record 'Units/bare'"), std::string::npos);
-}
-
-TEST_F(DumpTool, ShowsASummary)
-{
-    ASSERT_EQ(Run({"--summary", m_sFile.c_str()}), DUMP_OK);
-    EXPECT_EQ(m_Out.str(), Golden("small.summary"));
 }
 
 TEST_F(DumpTool, AnswersWrongArgumentsAndFiles)
@@ -78,8 +62,7 @@ TEST_F(DumpTool, AnswersWrongArgumentsAndFiles)
         {{"--help"}, DUMP_OK},
         {{"--version"}, DUMP_OK},
         {{"--", "--help"}, DUMP_INVALID_FILE},
-        {{"/no/such/file"}, DUMP_INVALID_FILE},
-    };
+        {{"/no/such/file"}, DUMP_INVALID_FILE}};
     for (const auto& [arguments, status] : cases)
     {
         EXPECT_EQ(Run(arguments), status);
@@ -99,7 +82,7 @@ TEST_F(DumpTool, FailsWhenTheOutputIsFull)
         return WEXITSTATUS(std::system(command.c_str()));
     };
     EXPECT_EQ(run("'" + (m_Dir.GetPath() / "out").string() + "'"), DUMP_OK);
-    EXPECT_EQ(m_Dir.ReadBytes("out"), Golden("small.json"));
+    EXPECT_EQ(m_Dir.ReadBytes("out"), ReadGolden("small.json"));
     EXPECT_EQ(run("/dev/full"), DUMP_OUTPUT_FAILED);
     EXPECT_NE(m_Dir.ReadBytes("error").find("could not be written"), std::string::npos);
 }

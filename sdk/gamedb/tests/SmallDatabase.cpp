@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <fstream>
+#include <iterator>
 #include <limits>
 
 namespace
@@ -65,4 +67,16 @@ std::vector<std::byte> MakeSmallDatabase()
     CMemoryConverter out;
     EXPECT_TRUE(writer.Save(out));
     return out.GetBytes();
+}
+
+std::string AsText(std::span<const std::byte> bytes)
+{
+    return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
+}
+
+std::string ReadGolden(const char* name)
+{
+    std::ifstream in(std::string(GAMEDB_GOLDEN_DIR "/") + name, std::ios::binary);
+    EXPECT_TRUE(in) << name;
+    return {std::istreambuf_iterator<char>(in), {}};
 }
