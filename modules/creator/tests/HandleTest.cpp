@@ -104,21 +104,3 @@ TEST(CreatorHandles, BadArgumentsAreRefusedAndChangeNothing)
     creator.ReleaseDatabase(database);
     creator.ReleaseDatabase(other);
 }
-
-TEST(CreatorHandles, DatabasesDoNotMix)
-{
-    IDatabaseCreatorMgr& creator = LoadCreator();
-    const CreatorHandle databases[] = {creator.CreateDatabase(), creator.CreateDatabase()};
-    const CreatorHandle categories[] = {creator.CreateCategory(databases[0], "First", ""),
-                                        creator.CreateCategory(databases[1], "Second", "")};
-    for (int i = 0; i < 6; ++i)
-        EXPECT_NE(creator.CreateRecord(categories[i % 2], i % 2 == 0 ? "A" : "B"), 0U);
-    const CSavedDatabase first(creator, databases[0]);
-    creator.ReleaseDatabase(databases[0]);
-    const CSavedDatabase second(creator, databases[1]);
-    EXPECT_TRUE(first->FindRecord("First/A"));
-    EXPECT_FALSE(first->FindRecord("Second/B"));
-    EXPECT_TRUE(second->FindRecord("Second/B"));
-    EXPECT_EQ(second->GetRecordCount(), 3U);
-    creator.ReleaseDatabase(databases[1]);
-}

@@ -120,40 +120,34 @@ private:
     std::vector<SRecordModel> m_Records;
 };
 
-void ExpectValue(const CGameAttribute& attrib, std::size_t i, int value, const CGameDatabase& database)
+bool HasValue(const CGameAttribute& attrib, std::size_t i, int value, const CGameDatabase& database)
 {
     const auto number = static_cast<float>(value);
-    const float first = value == 0 ? 0 : number;
-    const float last = value == 0 ? 0 : number + static_cast<float>(attrib.GetType() - DBVALUE_VECTOR2 + 1);
+    const auto isVector = [&](const auto& vector)
+    {
+        return vector.front() == number &&
+               vector.back() == (value == 0 ? 0 : number + static_cast<float>(vector.size() - 1));
+    };
     switch (attrib.GetType())
     {
     case DBVALUE_BOOLEAN:
-        EXPECT_EQ(attrib.GetBoolean(i), value != 0);
-        break;
+        return attrib.GetBoolean(i) == (value != 0);
     case DBVALUE_FLOAT:
-        EXPECT_EQ(attrib.GetFloat(i), number);
-        break;
+        return attrib.GetFloat(i) == number;
     case DBVALUE_INTEGER:
-        EXPECT_EQ(attrib.GetInteger(i), value);
-        break;
+        return attrib.GetInteger(i) == value;
     case DBVALUE_TEXT:
-        EXPECT_EQ(attrib.GetText(i), TextOf(value));
-        break;
+        return attrib.GetText(i) == TextOf(value);
     case DBVALUE_WIDETEXT:
-        EXPECT_EQ(attrib.GetWideText(i), WideOf(value));
-        break;
+        return attrib.GetWideText(i) == WideOf(value);
     case DBVALUE_VECTOR2:
-        EXPECT_TRUE(attrib.GetVector2(i).front() == first && attrib.GetVector2(i).back() == last);
-        break;
+        return isVector(attrib.GetVector2(i));
     case DBVALUE_VECTOR3:
-        EXPECT_TRUE(attrib.GetVector3(i).front() == first && attrib.GetVector3(i).back() == last);
-        break;
+        return isVector(attrib.GetVector3(i));
     case DBVALUE_VECTOR4:
-        EXPECT_TRUE(attrib.GetVector4(i).front() == first && attrib.GetVector4(i).back() == last);
-        break;
+        return isVector(attrib.GetVector4(i));
     default:
-        EXPECT_EQ(attrib.GetRecordLink(i), database.GetRecord(static_cast<std::size_t>(value) - 1));
-        break;
+        return attrib.GetRecordLink(i) == database.GetRecord(static_cast<std::size_t>(value) - 1);
     }
 }
 
@@ -169,7 +163,7 @@ void ExpectRecord(const CGameRecord& record, const SRecordModel& model, const CG
         ASSERT_EQ(attrib.GetType(), model.attribs[i].type);
         ASSERT_EQ(attrib.GetCount(), model.attribs[i].values.size());
         for (std::size_t j = 0; j < attrib.GetCount(); ++j)
-            ExpectValue(attrib, j, model.attribs[i].values[j], database);
+            EXPECT_TRUE(HasValue(attrib, j, model.attribs[i].values[j], database)) << attrib.GetName();
     }
     for (int name = 0; name < 14; ++name)
     {
