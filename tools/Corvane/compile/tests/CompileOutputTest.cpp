@@ -3,9 +3,7 @@
 
 namespace
 {
-class CCompileOutputTest : public CCompileFixture
-{
-};
+using CCompileOutputTest = CCompileFixture;
 
 // A category as the compare keeps one: flagged as a system category, but no file stands for it.
 class CSpecialCategory final : public CCorvaneCategory

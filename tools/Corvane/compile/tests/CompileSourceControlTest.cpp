@@ -3,69 +3,55 @@
 
 namespace
 {
-struct SSubmission
-{
-    const char* m_sName;
-    std::uint32_t m_nFlags;
-    bool m_bControlled;
-    const char* m_sFail; // The operation of the gate, "build" or "confirm" that fails; empty for none.
-    std::vector<std::string> m_Done;
-};
-
-class CSubmissionTest : public CCompileFixture,
-                        public ICompileView,
-                        public ::testing::WithParamInterface<SSubmission>
+class CSubmissionTest : public CCompileFixture, public ICompileView
 {
 protected:
     bool ConfirmTestBuild(std::u16string_view target) override
     {
         EXPECT_EQ(target, GetTarget());
         m_Gate.m_Done.emplace_back("confirm");
-        return GetParam().m_sFail != std::string_view("confirm");
+        return m_Gate.m_sFail != "confirm";
     }
 };
 
-TEST_P(CSubmissionTest, AsksSourceControlInOrder)
+TEST_F(CSubmissionTest, AsksSourceControlInOrder)
 {
+    const struct
+    {
+        std::uint32_t flags;
+        bool isControlled;
+        const char* fail; // The operation of the gate, "build" or "confirm" that fails; empty for none.
+        std::vector<std::string> done;
+    } rows[] = {
+        {0, true, "", {}},
+        {COMPILE_SERVER, true, "", {"check out", "confirm", "check in"}},
+        {COMPILE_SERVER, false, "", {"add"}},
+        {COMPILE_SERVER, false, "add", {"add"}},
+        {7, true, "", {"synchronize", "check out", "confirm", "submit", "check in"}},
+        {7, true, "synchronize", {"synchronize"}},
+        {7, true, "check out", {"synchronize", "check out"}},
+        {COMPILE_SERVER, true, "build", {"check out", "undo"}},
+        {COMPILE_SERVER, true, "confirm", {"check out", "confirm"}},
+        {COMPILE_SERVER | COMPILE_SUBMIT, true, "submit", {"check out", "confirm", "submit", "undo"}},
+        {COMPILE_SUBMIT, true, "", {"confirm", "submit"}},
+        {COMPILE_SERVER, true, "check in", {"check out", "confirm", "check in"}},
+    };
     Open();
-    m_Gate.m_bControlled = GetParam().m_bControlled;
-    m_Gate.m_sFail = GetParam().m_sFail;
-    if (m_Gate.m_sFail == "build")
-        SetCreatorMode("refuse-category");
     m_pManager->SetActiveBuild(3);
     CDatabaseCompiler compiler(*m_pManager, this);
-    const bool done = compiler.CompileDatabase(GetParam().m_nFlags, GetTarget(), 10);
-    EXPECT_EQ(done, m_Gate.m_sFail.empty());
-    EXPECT_EQ(m_Gate.m_Done, GetParam().m_Done);
-    EXPECT_EQ(m_pManager->GetActiveBuild(), 3u);
+    for (const auto& row : rows)
+    {
+        m_Gate.m_bControlled = row.isControlled;
+        m_Gate.m_sFail = row.fail;
+        m_Gate.m_Done.clear();
+        SetCreatorMode(m_Gate.m_sFail == "build" ? "refuse-category" : "");
+        EXPECT_EQ(compiler.CompileDatabase(row.flags, GetTarget(), 10), m_Gate.m_sFail.empty()) << row.fail;
+        EXPECT_EQ(m_Gate.m_Done, row.done) << row.flags << ' ' << row.fail;
+        EXPECT_EQ(m_pManager->GetActiveBuild(), 3u);
+    }
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Flows, CSubmissionTest,
-    ::testing::Values(
-        SSubmission{"Local", 0, true, "", {}},
-        SSubmission{"Server", COMPILE_SERVER, true, "", {"check out", "confirm", "check in"}},
-        SSubmission{"ServerNewFile", COMPILE_SERVER, false, "", {"add"}},
-        SSubmission{"ServerAddFails", COMPILE_SERVER, false, "add", {"add"}},
-        SSubmission{"All", 7, true, "", {"synchronize", "check out", "confirm", "submit", "check in"}},
-        SSubmission{"SynchronizeFails", 7, true, "synchronize", {"synchronize"}},
-        SSubmission{"CheckOutFails", 7, true, "check out", {"synchronize", "check out"}},
-        SSubmission{"BuildFails", COMPILE_SERVER, true, "build", {"check out", "undo"}},
-        SSubmission{"Aborted", COMPILE_SERVER, true, "confirm", {"check out", "confirm"}},
-        SSubmission{"SubmitFails",
-                    COMPILE_SERVER | COMPILE_SUBMIT,
-                    true,
-                    "submit",
-                    {"check out", "confirm", "submit", "undo"}},
-        SSubmission{"LocalSubmit", COMPILE_SUBMIT, true, "", {"confirm", "submit"}},
-        SSubmission{"CheckInFails", COMPILE_SERVER, true, "check in", {"check out", "confirm", "check in"}}),
-    [](const ::testing::TestParamInfo<SSubmission>& row) { return std::string(row.param.m_sName); });
-
-class CSaveFirstTest : public CCompileFixture
-{
-};
-
-TEST_F(CSaveFirstTest, ChangesReachTheDiskBeforeTheBuild)
+TEST_F(CSubmissionTest, ChangesReachTheDiskBeforeTheBuild)
 {
     Open();
     CCorvaneRecord* car = m_pManager->FindRecord(u"Land/Car", nullptr);

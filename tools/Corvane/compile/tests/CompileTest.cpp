@@ -10,67 +10,10 @@ constexpr const char16_t* kNoRecord = u"Error: Failed to compile record files";
 constexpr const char16_t* kNoAttribute = u"Error: Failed to compile attribute files";
 constexpr const char16_t* kNoSave = u"Error: Failed to save database to file.  The file may be locked.";
 
-struct SBadCreator
-{
-    const char* m_sMode;
-    std::string_view m_sLibrary;
-    std::u16string m_sBox;
-    std::vector<int> m_Events;
-};
-
-class CBadCreatorTest : public CCompileFixture, public ::testing::WithParamInterface<SBadCreator>
-{
-};
-
-TEST_P(CBadCreatorTest, EndsInTheWordsAndKeepsTheOldFile)
-{
-    SetCreatorMode(GetParam().m_sMode);
-    WriteLocator(GetParam().m_sLibrary);
-    EXPECT_FALSE(Compile());
-    EXPECT_EQ(GetBoxes(), std::vector<std::u16string>{GetParam().m_sBox});
-    EXPECT_EQ(m_Events, GetParam().m_Events);
-    EXPECT_EQ(ReadPacked(), kOldFile);
-    EXPECT_TRUE(IsClean());
-    EXPECT_TRUE(m_pManager->GetCompiledRecords().IsEmpty());
-
-    // The next compile of a creator that behaves finds everything released.
-    if (GetParam().m_sLibrary == kRecordingCreator)
-    {
-        SetCreatorMode("");
-        EXPECT_TRUE(Compile());
-        EXPECT_TRUE(ReadPacked().starts_with("database 1\n")) << ReadPacked().substr(0, 12);
-    }
-}
-
-const std::vector<int> kNone;
 const std::vector<int> kInCategories{8, 20, -9};
 const std::vector<int> kInRecords{8, 20, 21, 22, -9};
 const std::vector<int> kInAttributes{8, 20, 21, 22, 23, 24, -9};
 const std::vector<int> kInSave{8, 20, 21, 22, 23, 24, 25, -9};
-
-INSTANTIATE_TEST_SUITE_P(
-    Creators, CBadCreatorTest,
-    ::testing::Values(SBadCreator{"", "Missing.dll", kNoLibrary, kNone},
-                      SBadCreator{"", kEmptyCreator, kNoLibrary, kNone},
-                      SBadCreator{"null", kRecordingCreator, kNoLibrary, kNone},
-                      SBadCreator{"throw-export", kRecordingCreator, kNoLibrary, kNone},
-                      SBadCreator{"refuse-database", kRecordingCreator, kNoDatabase, {-9}},
-                      SBadCreator{"throw-database", kRecordingCreator, kNoDatabase, {-9}},
-                      SBadCreator{"refuse-category", kRecordingCreator, kNoCategory, kInCategories},
-                      SBadCreator{"throw-category", kRecordingCreator, kNoCategory, kInCategories},
-                      SBadCreator{"refuse-record", kRecordingCreator, kNoRecord, kInRecords},
-                      SBadCreator{"throw-record", kRecordingCreator, kNoRecord, kInRecords},
-                      SBadCreator{"refuse-attribute", kRecordingCreator, kNoAttribute, kInAttributes},
-                      SBadCreator{"throw-attribute", kRecordingCreator, kNoAttribute, kInAttributes},
-                      SBadCreator{"throw-value", kRecordingCreator, kNoAttribute, kInAttributes},
-                      SBadCreator{"refuse-save", kRecordingCreator, kNoSave, kInSave},
-                      SBadCreator{"throw-save", kRecordingCreator, kNoSave, kInSave}),
-    [](const ::testing::TestParamInfo<SBadCreator>& row)
-    {
-        std::string name = row.param.m_sMode + std::to_string(row.index);
-        std::replace(name.begin(), name.end(), '-', '_');
-        return name;
-    });
 
 class CCompileTest : public CCompileFixture
 {
@@ -83,6 +26,50 @@ protected:
         EXPECT_TRUE(IsClean());
     }
 };
+
+TEST_F(CCompileTest, BadCreatorsEndInTheWordsAndKeepTheOldFile)
+{
+    const struct
+    {
+        const char* library;
+        const char* mode;
+        std::u16string box;
+        std::vector<int> events;
+    } rows[] = {
+        {"Missing.dll", "", kNoLibrary, {}},
+        {EMPTY_CREATOR, "", kNoLibrary, {}},
+        {RECORDING_CREATOR, "null", kNoLibrary, {}},
+        {RECORDING_CREATOR, "throw-export", kNoLibrary, {}},
+        {RECORDING_CREATOR, "refuse-database", kNoDatabase, {-9}},
+        {RECORDING_CREATOR, "throw-database", kNoDatabase, {-9}},
+        {RECORDING_CREATOR, "refuse-category", kNoCategory, kInCategories},
+        {RECORDING_CREATOR, "throw-category", kNoCategory, kInCategories},
+        {RECORDING_CREATOR, "refuse-record", kNoRecord, kInRecords},
+        {RECORDING_CREATOR, "throw-record", kNoRecord, kInRecords},
+        {RECORDING_CREATOR, "refuse-attribute", kNoAttribute, kInAttributes},
+        {RECORDING_CREATOR, "throw-attribute", kNoAttribute, kInAttributes},
+        {RECORDING_CREATOR, "throw-value", kNoAttribute, kInAttributes},
+        {RECORDING_CREATOR, "refuse-save", kNoSave, kInSave},
+        {RECORDING_CREATOR, "throw-save", kNoSave, kInSave},
+    };
+    for (const auto& row : rows)
+    {
+        SCOPED_TRACE(row.library + std::string(" ") + row.mode);
+        WriteBytes(kPacked, kOldFile);
+        ASSERT_TRUE(!m_pManager->IsOpen() || m_pManager->CloseDatabase());
+        WriteLocator(row.library);
+        SetCreatorMode(row.mode);
+        ExpectFailure(row.box);
+        EXPECT_EQ(m_Events, row.events);
+        EXPECT_EQ(ReadPacked(), kOldFile);
+        EXPECT_TRUE(m_pManager->GetCompiledRecords().IsEmpty());
+        // The next compile of a creator that behaves finds everything released.
+        SetCreatorMode("");
+        const bool behaves = row.library == kRecordingCreator;
+        EXPECT_EQ(Compile(), behaves);
+        EXPECT_EQ(ReadPacked().starts_with("database 1\n"), behaves) << ReadPacked().substr(0, 12);
+    }
+}
 
 TEST_F(CCompileTest, ThrowInReleaseHarmsNothing)
 {
@@ -126,64 +113,56 @@ TEST_F(CCompileTest, CancelInTheMiddleOfAPassEndsIt)
 class CFindingsTest : public CCompileFixture, public ICompileView
 {
 protected:
-    void SetUp() override
-    {
-        CCompileFixture::SetUp();
-        AddVehicle("Land/Car", "900", "<none>");
-    }
-    void ShowFindings(const CValidateCore&, bool modal) override { m_Shown.push_back(modal); }
+    void ShowFindings(const CValidateCore&, bool modal) override { m_sShown += modal ? "modal" : "modeless"; }
 
-    CDatabaseCompiler m_Asking{*m_pManager, this};
-    std::vector<bool> m_Shown;
+    std::string m_sShown;
 };
 
-TEST_F(CFindingsTest, SilentRunGoesOnWithStatusOne)
+TEST_F(CFindingsTest, CriticalOnesAskAndASilentRunGoesOnWithStatusOne)
 {
+    const std::u16string head =
+        u"Compile Error: Critical errors have been detected within the database.  All "
+        u"critical errors ";
+    const std::u16string seen = u"\n\nWould you like to see a list of these errors?";
+    const std::u16string local = head + u"should be resolved prior to performing a database compile." + seen;
+    const std::u16string server = head +
+                                  u"must be resolved prior to performing a database compile.  The "
+                                  u"compile process has been aborted." +
+                                  seen;
+    const std::u16string goOn = u"Continue Build?: Would you like to continue building the database anyway?";
+    const struct
+    {
+        std::uint32_t flags;
+        EAnswer answer;
+        std::vector<std::u16string> boxes;
+        const char* shown;
+        bool built;
+    } rows[] = {
+        {0, EAnswer::No, {local, goOn}, "", false},
+        {0, EAnswer::Yes, {local, goOn}, "modal", true},
+        {COMPILE_SERVER, EAnswer::Yes, {server}, "modeless", false},
+    };
+    AddVehicle("Land/Car", "900", "<none>");
+    Open();
+    CDatabaseCompiler asking(*m_pManager, this);
+    for (const auto& row : rows)
+    {
+        Listen();
+        m_sShown.clear();
+        m_Questions.Prepare(u"Compile Error", {row.answer});
+        m_Questions.Prepare(u"Continue Build?", {row.answer});
+        EXPECT_EQ(asking.CompileDatabase(row.flags, GetTarget(), 0), row.built);
+        EXPECT_EQ(GetBoxes(), row.boxes);
+        EXPECT_EQ(m_sShown, row.shown);
+        EXPECT_EQ(m_Events.empty(), !row.built);
+    }
+    EXPECT_EQ(m_Run.m_nExitStatus, kExitOk);
+    WriteBytes(kPacked, kOldFile);
     m_Run.m_bSilent = true;
     EXPECT_TRUE(Compile());
     EXPECT_EQ(m_Run.m_nExitStatus, kExitCriticalFindings);
     EXPECT_TRUE(GetBoxes().empty());
     EXPECT_NE(ReadPacked(), kOldFile);
-}
-
-TEST_F(CFindingsTest, LocalCompileAsksWhetherToGoOn)
-{
-    Open();
-    for (const EAnswer goOn : {EAnswer::No, EAnswer::Yes})
-    {
-        Listen();
-        m_Shown.clear();
-        m_Questions.Prepare(u"Compile Error", {goOn});
-        m_Questions.Prepare(u"Continue Build?", {goOn});
-        const bool built = m_Asking.CompileDatabase(0, GetTarget(), 0);
-        EXPECT_EQ(built, goOn == EAnswer::Yes);
-        EXPECT_EQ(GetBoxes(),
-                  (std::vector<std::u16string>{
-                      u"Compile Error: Critical errors have been detected within the database.  All critical "
-                      u"errors "
-                      u"should be resolved prior to performing a database compile.\n\nWould you like to see "
-                      u"a list of "
-                      u"these errors?",
-                      u"Continue Build?: Would you like to continue building the database anyway?"}));
-        EXPECT_EQ(m_Shown, built ? std::vector<bool>{true} : std::vector<bool>{});
-        EXPECT_EQ(m_Events.empty(), !built);
-    }
-    EXPECT_EQ(m_Run.m_nExitStatus, kExitOk);
-}
-
-TEST_F(CFindingsTest, ServerCompileEnds)
-{
-    Open();
-    Listen();
-    m_Questions.Prepare(u"Compile Error", {EAnswer::Yes});
-    EXPECT_FALSE(m_Asking.CompileDatabase(COMPILE_SERVER, GetTarget(), 0));
-    EXPECT_EQ(GetBoxes(),
-              std::vector<std::u16string>{
-                  u"Compile Error: Critical errors have been detected within the database.  All critical "
-                  u"errors must be resolved prior to performing a database compile.  The compile process "
-                  u"has been aborted.\n\nWould you like to see a list of these errors?"});
-    EXPECT_EQ(m_Shown, std::vector<bool>{false});
-    EXPECT_TRUE(m_Events.empty());
 }
 
 TEST_F(CCompileTest, TargetThatCannotBeOpenedIsNamedWithItsCause)
