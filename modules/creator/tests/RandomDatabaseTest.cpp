@@ -176,13 +176,15 @@ void ExpectRecord(const CGameRecord& record, const SRecordModel& model, const CG
 }
 } // namespace
 
-TEST(RandomDatabase, AnswersAsALinearScanWould)
+TEST(RandomDatabase, AnswersAsALinearScanWouldAndGivesTheSameBytesTwice)
 {
     for (unsigned seed = 0; seed < 200; ++seed)
     {
         SCOPED_TRACE(seed);
         CRandomDatabase random(seed);
-        const CSavedDatabase saved = random.Save();
+        CSavedDatabase saved = random.Save();
+        EXPECT_EQ(CRandomDatabase(seed).Save().GetBytes(), saved.GetBytes());
+        EXPECT_EQ(random.Save().GetBytes(), saved.GetBytes());
         const std::vector<SRecordModel>& records = random.GetRecords();
         ASSERT_EQ(saved->GetRecordCount(), records.size());
         for (std::size_t i = 0; i < records.size(); ++i)
@@ -194,16 +196,5 @@ TEST(RandomDatabase, AnswersAsALinearScanWould)
                       saved->GetRecord(static_cast<std::size_t>(first - records.begin())));
             EXPECT_FALSE(saved->FindRecord(records[i].path + "x"));
         }
-    }
-}
-
-TEST(RandomDatabase, GivesTheSameBytesTwice)
-{
-    for (unsigned seed = 0; seed < 20; ++seed)
-    {
-        CRandomDatabase first(seed);
-        CRandomDatabase second(seed);
-        EXPECT_EQ(first.Save().GetBytes(), second.Save().GetBytes()) << seed;
-        EXPECT_EQ(first.Save().GetBytes(), second.Save().GetBytes()) << seed;
     }
 }
