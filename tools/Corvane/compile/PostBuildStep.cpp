@@ -16,6 +16,21 @@ namespace
 {
 constexpr std::u16string_view kTitle = u"Post Build Step";
 constexpr std::chrono::milliseconds kBetweenPumps(20);
+
+// A relative command stands behind the directory of the tools, which the database's author does not know:
+// blanks in that directory must not split it.
+std::u16string QuoteDirectory(std::u16string_view command, std::u16string_view directory)
+{
+    std::u16string quoted(command);
+    if (directory.find(u' ') == std::u16string_view::npos || command.substr(0, directory.size()) != directory)
+        return quoted;
+    if (command.substr(directory.size(), 1) == u"\"")
+        quoted.erase(directory.size(), 1); // The author's own quotes now begin ahead of the directory.
+    else
+        quoted.insert(std::min(command.find(u' ', directory.size()), command.size()), 1, u'"');
+    quoted.insert(0, 1, u'"');
+    return quoted;
+}
 } // namespace
 
 // Shared by the main thread and the worker, and freed by whichever lets go of it last.
@@ -57,7 +72,7 @@ void CPostBuildStep::Run(IFileSystem& files, IQuestions& questions, std::u16stri
     // The file layer serves one thread, so that the process is started here and only waited for elsewhere.
     CProcess process;
     std::u16string error;
-    if (!process.Start(files, command, directory, error))
+    if (!process.Start(files, QuoteDirectory(command, directory), directory, error))
     {
         questions.Tell(kTitle, FormatText(u"Failed to execute %s.", kTitle), EIcon::Stop);
         return;

@@ -48,6 +48,20 @@ TEST_F(CPostBuildStepTest, RunsInItsDirectoryAndTellsFailures)
     EXPECT_EQ(m_Step.GetRunningCommand(), u"");
 }
 
+// The directory of the tools is not the author's choice, so that a blank in it splits nothing.
+TEST_F(CPostBuildStepTest, TakesADirectoryWithBlanks)
+{
+    m_Scratch.WriteBytes("my tools/the tool", "#!/bin/sh\necho \"$1\" > \"$2\"\n");
+    std::filesystem::permissions(m_Scratch.GetPath() / "my tools/the tool",
+                                 std::filesystem::perms::owner_all);
+    std::filesystem::create_symlink("the tool", m_Scratch.GetPath() / "my tools/tool");
+    const std::u16string directory = m_Scratch.Text("my tools/");
+    m_Step.Run(m_Files, m_Questions, directory + u"tool one a", directory);
+    m_Step.Run(m_Files, m_Questions, directory + u"\"the tool\" two b", directory);
+    EXPECT_EQ(GetTold(), Told{});
+    EXPECT_EQ(m_Scratch.ReadBytes("my tools/a") + m_Scratch.ReadBytes("my tools/b"), "one\ntwo\n");
+}
+
 TEST_F(CPostBuildStepTest, SlowStepIsNamedAndToldWhenItEnds)
 {
     const std::u16string slow = u"/bin/sh -c \"while [ ! -e go ]; do sleep 0.01; done; exit 4\"";

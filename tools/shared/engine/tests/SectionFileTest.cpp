@@ -67,29 +67,28 @@ struct SForm
 {
     std::u16string text;
     std::u16string_view readOnly;
-    std::u16string_view littleEndian;
-    std::u16string_view bigEndian;
+    std::u16string_view readWrite;
 };
 
+// What each parser makes of a text. The read-write parser takes both byte orders alike, but for the last line
+// without an end, which a big-endian file loses.
 const SForm kForms[] = {
-    {u"", u"", u"", u""},
-    {u"[A]\r\nx=1\r\n", u"[A]x=1;", u"[A]x=1;", u"[A]x=1;"},
-    {u"[A]\nx=1\r\ry=2\rz=3", u"[A]x=1;y=2;z=3;", u"[A]x=1;y=2;z=3;", u"[A]x=1;y=2;"},
-    {u"x=1\n[A]\n", u"[A]", u"[A]", u"[A]"},
-    {u"[]\n", u"[]", u"[]", u"[]"},
-    {u"[\nx=1\n", u"[]x=1;", u"", u""},
-    {u"[General] \n", u"[General]]", u"[General]", u"[General]"},
-    {u"[General\nx=1\n", u"[Genera]x=1;", u"", u""},
-    {u"[A=1\n", u"[A=]", u"", u""},
-    {u"[B]\n[A=1\n", u"[B][A=]", u"[B][A=1;", u"[B][A=1;"},
-    {u"[A]\n;x=1\n ;y=2\n", u"[A] ;y=2;", u"[A] ;y=2;", u"[A] ;y=2;"},
-    {u"[A]\n=v\nk=\na=b=c\nnothing\n k = v \n", u"[A]=v;k=;a=b=c; k = v ;", u"[A]=v;k=;a=b=c; k = v ;",
-     u"[A]=v;k=;a=b=c; k = v ;"},
-    {u"[A]\nx=1\n[a]\nX=2\n", u"[A]x=1;[a]X=2;", u"[A]x=1;[a]X=2;", u"[A]x=1;[a]X=2;"},
-    {u"[A]\nx=1\xFFFFy=2\n", u"[A]x=1;y=2;", u"[A]x=1;y=2;", u"[A]x=1;y=2;"},
-    {u"[A]\nx=1\n\xFFFFy=2\n", u"[A]x=1;", u"[A]x=1;", u"[A]x=1;"},
-    {std::u16string(u"[A]\nx=1\0tail\n", 13), u"[A]x=1;", std::u16string_view(u"[A]x=1\0tail;", 12),
-     std::u16string_view(u"[A]x=1\0tail;", 12)},
+    {u"", u"", u""},
+    {u"[A]\r\nx=1\r\n", u"[A]x=1;", u"[A]x=1;"},
+    {u"[A]\nx=1\r\ry=2\rz=3", u"[A]x=1;y=2;z=3;", u"[A]x=1;y=2;z=3;"},
+    {u"x=1\n[A]\n", u"[A]", u"[A]"},
+    {u"[]\n", u"[]", u"[]"},
+    {u"[\nx=1\n", u"[]x=1;", u""},
+    {u"[General] \n", u"[General]]", u"[General]"},
+    {u"[General\nx=1\n", u"[Genera]x=1;", u""},
+    {u"[A=1\n", u"[A=]", u""},
+    {u"[B]\n[A=1\n", u"[B][A=]", u"[B][A=1;"},
+    {u"[A]\n;x=1\n ;y=2\n", u"[A] ;y=2;", u"[A] ;y=2;"},
+    {u"[A]\n=v\nk=\na=b=c\nnothing\n k = v \n", u"[A]=v;k=;a=b=c; k = v ;", u"[A]=v;k=;a=b=c; k = v ;"},
+    {u"[A]\nx=1\n[a]\nX=2\n", u"[A]x=1;[a]X=2;", u"[A]x=1;[a]X=2;"},
+    {u"[A]\nx=1\xFFFFy=2\n", u"[A]x=1;y=2;", u"[A]x=1;y=2;"},
+    {u"[A]\nx=1\n\xFFFFy=2\n", u"[A]x=1;", u"[A]x=1;"},
+    {std::u16string(u"[A]\nx=1\0tail\n", 13), u"[A]x=1;", std::u16string_view(u"[A]x=1\0tail;", 12)},
 };
 } // namespace
 
@@ -107,8 +106,9 @@ TEST(SectionFile, FormsAsEachReaderTakesThem)
         PutText(files, form.text, true);
         ASSERT_TRUE(big.Import(kFile, 0));
         EXPECT_EQ(Show(readOnly), form.readOnly) << ToNarrow(form.text);
-        EXPECT_EQ(Show(little), form.littleEndian) << ToNarrow(form.text);
-        EXPECT_EQ(Show(big), form.bigEndian) << ToNarrow(form.text);
+        EXPECT_EQ(Show(little), form.readWrite) << ToNarrow(form.text);
+        const bool losesLast = form.text.ends_with(u"z=3");
+        EXPECT_EQ(Show(big), losesLast ? u"[A]x=1;y=2;" : form.readWrite) << ToNarrow(form.text);
         EXPECT_EQ(readOnly.IsEmpty(), form.readOnly.empty());
     }
 }
