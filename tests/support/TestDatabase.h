@@ -35,6 +35,7 @@ public:
     [[nodiscard]] std::u16string GetDateText() override { return u"01/02/03"; }
     [[nodiscard]] std::u16string GetUserName() override { return u"tester"; }
     [[nodiscard]] bool OpenInShell(std::u16string_view) override { return false; }
+    [[nodiscard]] bool PlaySoundFile(std::u16string_view) override { return false; }
     [[nodiscard]] bool MoveToRecycleBin(std::u16string_view) override { return false; }
     void Beep() override {}
 };

@@ -2,7 +2,6 @@
 
 #include "CorvaneMgr.h"
 #include "CorvaneRecord.h"
-#include "CorvaneSchema.h"
 #include "CorvaneSchemaAttribData.h"
 #include "CorvaneType.h"
 #include "FormatText.h"
@@ -66,6 +65,7 @@ void CCorvaneAttrib::Clear()
 {
     ClearMarks();
     m_Values.Clear();
+    OnOwnValuesChanged();
 }
 
 // Everything but the values and the modified mark.
@@ -75,8 +75,8 @@ void CCorvaneAttrib::ClearMarks()
     {
         m_pExtra->m_sComment.clear();
         m_pExtra->m_sLockUser.clear();
-        m_pExtra->m_pParentAttrib = nullptr;
     }
+    m_pParentAttrib = nullptr;
     m_bInherit = m_bLocked = m_bOverride = m_bPlaceHolder = m_bTodo = false;
     m_pParentRecord.Reset();
 }
@@ -161,7 +161,7 @@ void CCorvaneAttrib::SetInherit(bool value, bool)
 
 std::ptrdiff_t CCorvaneAttrib::GetIndexInRecord() const
 {
-    if (!m_pParentRecord)
+    if (!m_pParentRecord || m_pParentAttrib)
         return -1;
     const auto list = m_pParentRecord->GetAttributeList();
     if (m_nIndex < list.size() && list[m_nIndex] == this)
@@ -227,6 +227,11 @@ void CCorvaneAttrib::SetParentRecord(CCorvaneRecord* record)
     m_pParentRecord = CRef<CCorvaneRecord>(record);
 }
 
+bool CCorvaneAttrib::SaveToDependency(IDependencySink&, std::uint32_t)
+{
+    return true;
+}
+
 bool CCorvaneAttrib::Validate(IValidationSink*)
 {
     return true;
@@ -240,8 +245,8 @@ void CCorvaneAttrib::Assign(const CCorvaneAttrib& source)
         SExtra& extra = GetExtra();
         extra.m_sComment = source.m_pExtra->m_sComment;
         extra.m_sLockUser = source.m_pExtra->m_sLockUser;
-        extra.m_pParentAttrib = source.m_pExtra->m_pParentAttrib;
     }
+    m_pParentAttrib = source.m_pParentAttrib;
     m_pIdentity = source.m_pIdentity;
     m_nBuild = source.m_nBuild;
     m_Values = source.m_Values;
@@ -252,6 +257,7 @@ void CCorvaneAttrib::Assign(const CCorvaneAttrib& source)
     m_bOverride = source.m_bOverride;
     m_pAttribData = source.m_pAttribData;
     SetDefaultRecord(const_cast<CCorvaneAttrib*>(source.GetDefault()));
+    OnOwnValuesChanged();
 }
 
 bool CCorvaneAttrib::IsSameAttribute(const CCorvaneAttrib& other) const
@@ -299,17 +305,6 @@ void CCorvaneAttrib::SetAttribData(CCorvaneSchemaAttribData* data)
     m_pAttribData = CRef<CCorvaneSchemaAttribData>(data);
 }
 
-CCorvaneAttrib* CCorvaneAttrib::GetParentAttrib() const
-{
-    return m_pExtra ? m_pExtra->m_pParentAttrib : nullptr;
-}
-
-void CCorvaneAttrib::SetParentAttrib(CCorvaneAttrib* attrib)
-{
-    if (attrib || m_pExtra)
-        GetExtra().m_pParentAttrib = attrib;
-}
-
 CCorvaneRecord* CCorvaneAttrib::GetOwnerRecord() const
 {
     const CCorvaneAttrib* current = this;
@@ -326,7 +321,5 @@ CCorvaneMgr* CCorvaneAttrib::GetManager() const
 {
     if (const CCorvaneRecord* owner = GetOwnerRecord())
         return &owner->GetManager();
-    if (m_pAttribData && m_pAttribData->GetSchema())
-        return &m_pAttribData->GetSchema()->GetManager();
-    return nullptr;
+    return m_pAttribData ? &m_pAttribData->GetManager() : nullptr;
 }

@@ -23,6 +23,7 @@ class CCorvaneRecord;
 class CCorvaneSchemaAttribData;
 class CUnicodeFileParse_ReadOnly;
 class ICorvaneTypeView;
+class IDependencySink;
 class IUnicodeFileParse;
 class IValidationSink;
 struct SSectionKey;
@@ -96,7 +97,7 @@ public:
     [[nodiscard]] const CCorvaneValueList& GetValueList() const;
     [[nodiscard]] const CCorvaneValueList& GetOwnValues() const { return m_Values; }
     // Takes over values as they stand, without gate or notification; used while a file is read.
-    void ReplaceValues(const CCorvaneValueList& values) { m_Values = values; }
+    void ReplaceValues(const CCorvaneValueList& values);
 
     // Members of struct values: where `child` stands (-1 for "not mine"), and the member at a place.
     [[nodiscard]] virtual std::ptrdiff_t FindChildAttribute(const CCorvaneAttrib& child,
@@ -119,6 +120,9 @@ public:
                                               std::u16string_view prefix) = 0;
     [[nodiscard]] virtual bool SaveToOverride(IDatabaseCreatorUnpackedMgr* mgr, CreatorHandle database,
                                               std::u16string_view prefix, std::u16string_view location) = 0;
+    // Reports what the values in force at `build` refer to outside their record. False when the attribute
+    // lies in no record.
+    [[nodiscard]] virtual bool SaveToDependency(IDependencySink& sink, std::uint32_t build);
     // Reports every value that is not usable; false when one is critical.
     virtual bool Validate(IValidationSink* pCore);
     // Identity of the attribute's type.
@@ -155,17 +159,21 @@ public:
     // Takes over name and GUID of an attribute that stands for the same entry of the schema.
     void AdoptIdentity(const CCorvaneAttrib& other) { m_pIdentity = other.m_pIdentity; }
     [[nodiscard]] CCorvaneRecord* GetParentRecord() const { return m_pParentRecord.Get(); }
-    [[nodiscard]] CCorvaneAttrib* GetParentAttrib() const;
-    void SetParentAttrib(CCorvaneAttrib* attrib);
+    // The attribute whose value this one is a member of; null outside structs. Not owned.
+    [[nodiscard]] CCorvaneAttrib* GetParentAttrib() const { return m_pParentAttrib; }
+    void SetParentAttrib(CCorvaneAttrib* attrib) { m_pParentAttrib = attrib; }
     // The record that the attribute lies in, through enclosing structs; null when it has none.
     [[nodiscard]] CCorvaneRecord* GetOwnerRecord() const;
     // The manager of the record or the schema; null for an attribute that has neither.
     [[nodiscard]] CCorvaneMgr* GetManager() const;
-    // Position in the parent record's list, or -1.
+    // Position in the parent record's list, or -1; always -1 for a member of a struct value.
     [[nodiscard]] std::ptrdiff_t GetIndexInRecord() const;
 
 protected:
     CCorvaneAttrib();
+
+    // The attribute's own values were changed, read or copied; for a type that keeps an index of them.
+    virtual void OnOwnValuesChanged() {}
 
     // Name, kept also in UTF-8 for the outputs, and GUID.
     struct SIdentity final : CCorvaneRef
@@ -179,7 +187,6 @@ protected:
     {
         std::u16string m_sComment;
         std::u16string m_sLockUser;
-        CCorvaneAttrib* m_pParentAttrib = nullptr;
         std::vector<CRef<ICorvaneTypeView>> m_Views;
     };
 
@@ -216,6 +223,7 @@ private:
     bool m_bTodo : 1 = false;
     bool m_bModified : 1 = false;
     bool m_bOwnDefault : 1 = false;
+    CCorvaneAttrib* m_pParentAttrib = nullptr;
     CRef<CCorvaneRecord> m_pParentRecord;
     CRef<CCorvaneSchemaAttribData> m_pAttribData;
     CRef<CCorvaneAttrib> m_pDefault;

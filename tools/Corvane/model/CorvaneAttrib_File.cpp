@@ -173,6 +173,7 @@ bool CCorvaneAttrib::LoadFromFile(CCorvaneRecord& record, CCorvaneAttrib* parent
     if (!inOrder)
         LoadValuesByName(parser, section);
     FillDefaultValues();
+    OnOwnValuesChanged();
     return true;
 }
 

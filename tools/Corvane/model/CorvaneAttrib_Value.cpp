@@ -7,6 +7,12 @@
 #include "CorvaneSchemaAttribData.h"
 #include "zrassert.h"
 
+void CCorvaneAttrib::ReplaceValues(const CCorvaneValueList& values)
+{
+    m_Values = values;
+    OnOwnValuesChanged();
+}
+
 bool CCorvaneAttrib::IsVariableSize() const
 {
     return m_pAttribData && m_pAttribData->GetValues() == kVariableValues;
@@ -95,6 +101,7 @@ bool CCorvaneAttrib::InsertValue(std::size_t index, std::u16string_view text)
     if (CCorvaneMgr* manager = GetManager())
         manager->MarkAttributeAsModified(this);
     m_Values.Insert(index, text);
+    OnOwnValuesChanged();
     if (CCorvaneRecord* owner = GetOwnerRecord())
         owner->NotifyReferencees(EHierarchyEvent::ValueAdded, *this);
     return true;
@@ -112,6 +119,7 @@ bool CCorvaneAttrib::ApplySetValue(std::size_t index, std::u16string_view text)
     if (m_pParentRecord && m_pParentRecord->GetParent())
         SetInherit(false, false); // A written value ends inheritance.
     m_Values.Set(index, text);
+    OnOwnValuesChanged();
     if (m_pParentRecord)
         m_pParentRecord->OnAttributeChanged(*this, index);
     if (CCorvaneMgr* manager = GetManager())
@@ -128,6 +136,7 @@ bool CCorvaneAttrib::RemoveValue(std::size_t index)
     if (CCorvaneMgr* manager = GetManager())
         manager->MarkAttributeAsModified(this);
     m_Values.Remove(index);
+    OnOwnValuesChanged();
     return true;
 }
 

@@ -13,6 +13,7 @@
 #include "Guid.h"
 #include "ObserverList.h"
 #include "ProjectInfo.h"
+#include "TypeState.h"
 #include "UnicodeFileParse_ReadOnly.h"
 #include "UnicodeFileParse_ReadWrite.h"
 
@@ -126,6 +127,13 @@ public:
     // Brings every record of a schema in line with its template.
     bool FixRecords(CCorvaneSchema& schema, bool save);
 
+    // What the attributes of one type share in this database: T, an ITypeState that is built from the manager
+    // at the first call and lives as long as the manager.
+    template <class T> [[nodiscard]] T& GetTypeState()
+    {
+        return m_TypeStates.Get<T>([this] { return std::make_unique<T>(*this); });
+    }
+
     // Event line.
     [[nodiscard]] CObserverHandle AddObserver(CObserverList<const CCorvaneEvent&>::FCallback callback);
     int Notify(const CCorvaneEvent& event) const { return m_Observers.Notify(event); }
@@ -218,6 +226,7 @@ private:
     CCompiledList<CCorvaneCategory> m_CompiledCategories;
     CCompiledList<CCorvaneRecord> m_CompiledRecords;
     CObserverList<const CCorvaneEvent&> m_Observers;
+    CTypeStates m_TypeStates;
 
     std::u16string m_sDirectory;
     std::u16string m_sRootFile;

@@ -95,6 +95,7 @@ void CCorvaneSchema::ReadSection(const CUnicodeFileParse_ReadOnly& parser, std::
     construct.m_bUnicode = ParseBoolean(read(u"Unicode"));
     construct.m_bDeleted = ParseBoolean(read(u"Deleted"));
     construct.m_bInherit = !EqualNames(read(u"Inherit"), u"False");
+    construct.m_pManager = &m_Manager;
     construct.m_pSchema = this;
     const CRef<CCorvaneSchemaAttribData> data =
         m_Manager.GetAttribDataTypes().CreateAttribData(type, construct);

@@ -20,7 +20,8 @@ std::int32_t NormalizeCount(std::int32_t values)
 
 CCorvaneSchemaAttribData::CCorvaneSchemaAttribData(const SAttribDataConstruct& construct)
     : m_sName(construct.m_sName), m_sData(construct.m_sData), m_sHelp(construct.m_sHelp),
-      m_nValues(NormalizeCount(construct.m_nValues)), m_pSchema(construct.m_pSchema)
+      m_nValues(NormalizeCount(construct.m_nValues)), m_pManager(construct.m_pManager),
+      m_pSchema(construct.m_pSchema)
 {
     SetFlag(ATTRIB_FLAG_UNICODE, construct.m_bUnicode);
     SetFlag(ATTRIB_FLAG_DELETED, construct.m_bDeleted);
@@ -31,8 +32,8 @@ CCorvaneSchemaAttribData::CCorvaneSchemaAttribData(const SAttribDataConstruct& c
 
 CCorvaneSchemaAttribData::CCorvaneSchemaAttribData(const CCorvaneSchemaAttribData& other)
     : m_dwFlags(other.m_dwFlags), m_sName(other.m_sName), m_sData(other.m_sData), m_sHelp(other.m_sHelp),
-      m_nValues(other.m_nValues), m_nBuild(other.m_nBuild), m_pSchema(other.m_pSchema),
-      m_BuildSection(other.m_BuildSection), m_PlainSection(other.m_PlainSection)
+      m_nValues(other.m_nValues), m_nBuild(other.m_nBuild), m_pManager(other.m_pManager),
+      m_pSchema(other.m_pSchema), m_BuildSection(other.m_BuildSection), m_PlainSection(other.m_PlainSection)
 {
 }
 

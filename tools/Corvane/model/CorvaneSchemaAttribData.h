@@ -10,6 +10,8 @@
 #include <string>
 #include <string_view>
 
+class IMemberStore;
+
 enum EAttribFlags : std::uint32_t
 {
     ATTRIB_FLAG_UNICODE = 0x1,
@@ -40,8 +42,11 @@ public:
     [[nodiscard]] std::int32_t GetValues() const { return m_nValues; }
     [[nodiscard]] std::uint32_t GetBuild() const { return m_nBuild; }
     void SetBuild(std::uint32_t build);
-    // Null for a member of a struct file that no schema owns.
+    [[nodiscard]] CCorvaneMgr& GetManager() const { return *m_pManager; }
+    // Null for a member of a struct file, which no schema owns.
     [[nodiscard]] CCorvaneSchema* GetSchema() const { return m_pSchema; }
+    // The members that the values consist of; null for a type that has none.
+    [[nodiscard]] virtual IMemberStore* GetMemberStore() { return nullptr; }
 
     // A section name with its hash (HashName), for looking it up in many record files.
     struct SSection
@@ -66,7 +71,8 @@ private:
     std::u16string m_sHelp;
     std::int32_t m_nValues = 1;
     std::uint32_t m_nBuild = 0;
-    CCorvaneSchema* m_pSchema = nullptr;
+    CCorvaneMgr* m_pManager;
+    CCorvaneSchema* m_pSchema;
     SSection m_BuildSection;
     SSection m_PlainSection;
 };

@@ -3,6 +3,7 @@
 #include "CorvaneMgr.h"
 #include "CorvaneRecord.h"
 #include "CorvaneSchemaAttribData.h"
+#include "DependencySink.h"
 #include "UndoRecorder.h"
 #include "Unicode.h"
 #include "ValueRestorePoint.h"
@@ -34,7 +35,10 @@ void CCorvaneType::Clear()
 {
     CCorvaneAttrib::Clear();
     if (GetDefault() != this)
+    {
         FillDefaultValues();
+        OnOwnValuesChanged();
+    }
 }
 
 bool CCorvaneType::AddValue(std::u16string_view text)
@@ -121,8 +125,20 @@ std::u16string_view CCorvaneType::GetTypedText(std::size_t index) const
 
 void CCorvaneType::TellInvalidDefault(const CCorvaneSchemaAttribData& data, std::u16string_view text) const
 {
-    if (data.GetSchema())
-        data.GetSchema()->GetManager().GetContext().m_Questions.Tell(u"Invalid Schema Default Value", text);
+    data.GetManager().GetContext().m_Questions.Tell(u"Invalid Schema Default Value", text);
+}
+
+bool CCorvaneType::AddDependency(IDependencySink& sink, std::u16string_view resource,
+                                 std::u16string_view kind) const
+{
+    const CCorvaneRecord* record = GetOwnerRecord();
+    ZRASSERT_MSG(record, "Attribute has no parent!");
+    if (record == nullptr)
+        return false;
+    std::u16string path;
+    record->GetManager().GetRecordPath(record, path);
+    sink.AddDependency(path, resource, kind);
+    return true;
 }
 
 CreatorHandle CCorvaneType::CreateInDatabase(IDatabaseCreatorMgr& creator, CreatorHandle record,

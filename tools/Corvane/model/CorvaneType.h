@@ -53,6 +53,11 @@ protected:
     // Tells that a schema's default is bad; `text` is the type's whole message.
     void TellInvalidDefault(const CCorvaneSchemaAttribData& data, std::u16string_view text) const;
 
+    // Reports that the record needs `resource`, a thing of the given kind ("File", "Record" and so on).
+    // False, with an assertion, for an attribute that lies in no record.
+    [[nodiscard]] bool AddDependency(IDependencySink& sink, std::u16string_view resource,
+                                     std::u16string_view kind) const;
+
     // Creates the attribute with the effective count under "prefix.name"; 0 is a refusal.
     [[nodiscard]] CreatorHandle CreateInDatabase(IDatabaseCreatorMgr& creator, CreatorHandle record,
                                                  EDatabaseValueType type, EDatabaseValueKind kind,

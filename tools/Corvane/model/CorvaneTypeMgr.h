@@ -12,6 +12,7 @@
 #include <string_view>
 #include <vector>
 
+class CCorvaneMgr;
 class CCorvaneRecord;
 class CCorvaneSchema;
 class CCorvaneSchemaAttribData;
@@ -48,13 +49,14 @@ struct SAttribDataConstruct
     std::u16string_view m_sName;
     std::u16string_view m_sData;
     std::u16string_view m_sHelp;
-    std::u16string_view m_sFile; // The schema file, for messages.
+    std::u16string_view m_sFile; // The schema or struct file that declares the attribute.
     std::int32_t m_nValues = 1;
     std::uint32_t m_nBuild = 0;
     bool m_bUnicode = false;
     bool m_bDeleted = false;
     bool m_bInherit = true;
-    CCorvaneSchema* m_pSchema = nullptr;
+    CCorvaneMgr* m_pManager = nullptr;
+    CCorvaneSchema* m_pSchema = nullptr; // Null for a member of a struct file.
 };
 
 class CorvaneSchemaAttribDataMgr

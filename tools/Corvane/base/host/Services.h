@@ -14,6 +14,8 @@ public:
     [[nodiscard]] virtual std::u16string GetUserName() = 0;
     // Opens a file with the program that the desktop has for it. False when there is none.
     [[nodiscard]] virtual bool OpenInShell(std::u16string_view path) = 0;
+    // Plays a sound file without waiting for its end. False when it is missing or nothing can play it.
+    [[nodiscard]] virtual bool PlaySoundFile(std::u16string_view path) = 0;
     // Sends a file to the user's recycle bin. False leaves it where it is.
     [[nodiscard]] virtual bool MoveToRecycleBin(std::u16string_view path) = 0;
     // The short sound for "nothing to do".

@@ -49,6 +49,11 @@ bool CSystemServices::OpenInShell(std::u16string_view path)
     return g_app_info_launch_default_for_uri(uri.get(), nullptr, nullptr) != FALSE;
 }
 
+bool CSystemServices::PlaySoundFile(std::u16string_view)
+{
+    return false;
+}
+
 bool CSystemServices::MoveToRecycleBin(std::u16string_view path)
 {
     if (!m_Files.Exists(path))

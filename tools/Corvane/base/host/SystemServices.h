@@ -5,7 +5,7 @@
 
 class IFileSystem;
 
-class CSystemServices final : public IServices
+class CSystemServices : public IServices
 {
 public:
     // `files` is not owned; it turns path texts into the system's.
@@ -15,6 +15,8 @@ public:
     [[nodiscard]] std::u16string GetDateText() override;
     [[nodiscard]] std::u16string GetUserName() override;
     [[nodiscard]] bool OpenInShell(std::u16string_view path) override;
+    // The core has no sound output: false. An interactive host derives its own services to play.
+    [[nodiscard]] bool PlaySoundFile(std::u16string_view path) override;
     [[nodiscard]] bool MoveToRecycleBin(std::u16string_view path) override;
     void Beep() override;
 
