@@ -87,7 +87,8 @@ public:
     // The effective value: inherited, own, or the default's first. A view without data when an inheriting
     // attribute has no counterpart in the parent record.
     [[nodiscard]] virtual std::u16string_view GetValue(std::size_t index) const;
-    [[nodiscard]] virtual bool IsValueValid() const { return true; }
+    // Whether the attribute may hold `text`.
+    [[nodiscard]] virtual bool IsValueValid(std::u16string_view text) const;
     [[nodiscard]] virtual bool MoveValueUp(std::size_t index);
     [[nodiscard]] virtual bool MoveValueDown(std::size_t index);
     // Count of the effective values.

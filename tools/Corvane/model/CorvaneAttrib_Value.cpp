@@ -89,6 +89,11 @@ bool CCorvaneAttrib::IsValueSet(std::size_t index) const
     return index < current->m_Values.GetCount() && !current->m_Values.Get(index).empty();
 }
 
+bool CCorvaneAttrib::IsValueValid(std::u16string_view) const
+{
+    return true;
+}
+
 bool CCorvaneAttrib::AddValue(std::u16string_view text)
 {
     return InsertValue(m_Values.GetCount(), text);
