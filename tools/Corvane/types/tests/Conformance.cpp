@@ -24,9 +24,27 @@ constexpr std::u16string_view kAllWords[] = {u"Text",    u"Memo",    u"Boolean",
                                              u"Enum",    u"Range",   u"Time",    u"RecordLink", u"Color",
                                              u"Flags",   u"Effect",  u"Struct",  u"StringID"};
 // Words without a folder yet; a word leaves this table when its type arrives.
-constexpr std::u16string_view kMissingWords[] = {u"Vector2", u"Vector3", u"Vector4",    u"File",  u"Sound",
-                                                 u"Enum",    u"Range",   u"RecordLink", u"Color", u"Flags",
-                                                 u"Effect",  u"Struct",  u"StringID"};
+constexpr std::u16string_view kMissingWords[] = {u"Vector2", u"Vector3", u"Vector4",    u"File",
+                                                 u"Sound",   u"Range",   u"RecordLink", u"Color",
+                                                 u"Flags",   u"Effect",  u"Struct",     u"StringID"};
+
+// A schema's Data line and three values that fit it, for a type that does not take any text.
+struct SSample
+{
+    std::u16string_view m_sWord;
+    std::u16string_view m_sData;
+    std::u16string_view m_Values[3];
+};
+constexpr SSample kSamples[] = {
+    {u"Enum", u"Data=one;two;three", {u"one", u"two", u"THREE"}},
+};
+
+SSample GetSample(std::u16string_view word)
+{
+    const auto found = std::find_if(std::begin(kSamples), std::end(kSamples),
+                                    [&](const SSample& sample) { return sample.m_sWord == word; });
+    return found != std::end(kSamples) ? *found : SSample{word, u"Data=", {u"1", u"1", u"1"}};
+}
 
 std::vector<std::u16string> GetRegisteredWords()
 {
@@ -69,15 +87,16 @@ std::vector<std::string> Split(const std::string& call)
 class TypeConformance : public testing::TestWithParam<std::u16string>
 {
 protected:
-    // A variable list of `count` values: the default's and then ones, which every type can store.
+    // A variable list of `count` values, at most four: the default's and then the sample's.
     void Fill(CCorvaneType& attrib, std::size_t count)
     {
-        while (attrib.GetValueCount() < count)
-            ASSERT_TRUE(attrib.AddValue(u"1"));
+        for (std::size_t i = attrib.GetValueCount(); i < count; ++i)
+            ASSERT_TRUE(attrib.AddValue(m_Sample.m_Values[i - 1]));
     }
 
-    CTestAttribute m_Fixed{GetParam(), {u"Values=2"}};
-    CTestAttribute m_Variable{GetParam(), {u"Values=-1"}};
+    const SSample m_Sample = GetSample(GetParam());
+    CTestAttribute m_Fixed{GetParam(), {m_Sample.m_sData, u"Values=2"}};
+    CTestAttribute m_Variable{GetParam(), {m_Sample.m_sData, u"Values=-1"}};
 };
 } // namespace
 
@@ -112,7 +131,7 @@ TEST_P(TypeConformance, TakesItsOwnDefaultAsItStands)
 {
     EXPECT_EQ(m_Fixed.Get().GetValueCount(), 2u);
     const std::u16string text(m_Fixed.GetTemplate().GetOwnValues().Get(0));
-    CTestAttribute again(GetParam(), {u"Default=" + text});
+    CTestAttribute again(GetParam(), {m_Sample.m_sData, u"Default=" + text});
     EXPECT_EQ(again.GetTemplate().GetOwnValues().Get(0), text);
     EXPECT_EQ(again.Get().GetOwnValues().Get(0), text);
     EXPECT_EQ(again.Get().GetValueCount(), 1u);
@@ -124,7 +143,7 @@ TEST_P(TypeConformance, TakesItsOwnDefaultAsItStands)
 TEST_P(TypeConformance, ClonesAreTheSameAttributeOfTheSameClass)
 {
     CCorvaneType& source = m_Fixed.Get();
-    ASSERT_TRUE(source.SetValue(1, u"1"));
+    ASSERT_TRUE(source.SetValue(1, m_Sample.m_Values[1]));
     const CRef<CCorvaneType> copy = source.Clone(nullptr);
     const CCorvaneType& clone = *copy;
     EXPECT_TRUE(typeid(clone) == typeid(source));
@@ -152,21 +171,21 @@ TEST_P(TypeConformance, AnIndexPastTheEndReadsTheDefault)
 {
     CCorvaneType& attrib = m_Variable.Get();
     const std::u16string text(m_Variable.GetTemplate().GetOwnValues().Get(0));
-    ASSERT_TRUE(attrib.SetValue(0, u"1"));
+    ASSERT_TRUE(attrib.SetValue(0, m_Sample.m_Values[0]));
     EXPECT_EQ(attrib.GetValue(1), text);
     EXPECT_FALSE(attrib.IsValueSet(1));
     ASSERT_TRUE(attrib.RemoveValue(0));
     EXPECT_EQ(attrib.GetValueCount(), 0u);
     EXPECT_EQ(attrib.GetValue(0), text);
-    EXPECT_FALSE(attrib.SetValue(0, u"1"));
+    EXPECT_FALSE(attrib.SetValue(0, m_Sample.m_Values[0]));
 }
 
 TEST_P(TypeConformance, OnlyAVariableListGrowsAndShrinks)
 {
-    EXPECT_FALSE(m_Fixed.Get().AddValue(u"1"));
+    EXPECT_FALSE(m_Fixed.Get().AddValue(m_Sample.m_Values[2]));
     EXPECT_FALSE(m_Fixed.Get().RemoveValue(0));
     EXPECT_EQ(m_Fixed.Get().GetValueCount(), 2u);
-    EXPECT_TRUE(m_Variable.Get().AddValue(u"1"));
+    EXPECT_TRUE(m_Variable.Get().AddValue(m_Sample.m_Values[2]));
     EXPECT_EQ(m_Variable.Get().GetValueCount(), 2u);
     EXPECT_TRUE(m_Variable.Record("All/One").TestFlag(RECORD_FLAG_MODIFIED));
 }
