@@ -27,17 +27,27 @@
 #include <string_view>
 #include <vector>
 
-// A desktop that does nothing.
-class CIdleServices final : public IServices
+// A desktop that keeps what it was asked to open or play, and does it only where a test says so.
+class CManualServices final : public IServices
 {
 public:
     [[nodiscard]] std::u16string GetTimeText() override { return u"12:00:00"; }
     [[nodiscard]] std::u16string GetDateText() override { return u"01/02/03"; }
     [[nodiscard]] std::u16string GetUserName() override { return u"tester"; }
-    [[nodiscard]] bool OpenInShell(std::u16string_view) override { return false; }
-    [[nodiscard]] bool PlaySoundFile(std::u16string_view) override { return false; }
+    [[nodiscard]] bool OpenInShell(std::u16string_view path) override { return Take(u"open ", path); }
+    [[nodiscard]] bool PlaySoundFile(std::u16string_view path) override { return Take(u"play ", path); }
     [[nodiscard]] bool MoveToRecycleBin(std::u16string_view) override { return false; }
     void Beep() override {}
+
+    bool m_bServe = false;
+    std::vector<std::u16string> m_Calls; // "open <path>", "play <path>".
+
+private:
+    bool Take(std::u16string_view what, std::u16string_view path)
+    {
+        m_Calls.push_back(std::u16string(what).append(path));
+        return m_bServe;
+    }
 };
 
 // Keeps restore points while a test lets it record.
@@ -141,7 +151,7 @@ public:
     CFailingFileSystem::FFailure m_Failure;
     CFailingFileSystem m_Files;
     CRecordingQuestions m_Questions;
-    CIdleServices m_Services;
+    CManualServices m_Services;
     CRunState m_Run;
     CProfile m_Profile;
     CModuleFinder m_Modules;
