@@ -1,10 +1,27 @@
 #include "TestAttribute.h"
 
+#include "DependencySink.h"
 #include "RecordingCreator.h"
 #include "Unicode.h"
 
 #include <gtest/gtest.h>
 #include <stdexcept>
+
+namespace
+{
+class CRecordingDependencies final : public IDependencySink
+{
+public:
+    void AddDependency(std::u16string_view source, std::u16string_view resource,
+                       std::u16string_view kind) override
+    {
+        for (const std::u16string_view part : {source, resource, kind})
+            m_sLines += ToNarrow(part) + (part.data() == kind.data() ? '\n' : ' ');
+    }
+
+    std::string m_sLines;
+};
+} // namespace
 
 CTestAttribute::CTestAttribute(std::u16string_view type, std::initializer_list<std::u16string_view> keys)
 {
@@ -48,6 +65,18 @@ std::string CTestAttribute::GetOutputs()
         for (const std::string& call : log->m_Calls)
             calls += call + '\n';
     return calls;
+}
+
+std::string CTestAttribute::GetDependencies()
+{
+    CRecordingDependencies sink;
+    EXPECT_TRUE(Get().SaveToDependency(sink, 0));
+    // An attribute that lies in no record has nothing to say.
+    ++m_nExpectedAsserts;
+    const CRef<CCorvaneType> loose = Get().Clone(nullptr);
+    EXPECT_FALSE(loose->SaveToDependency(sink, 0));
+    EXPECT_TRUE(m_Asserts.Has("Attribute has no parent!"));
+    return sink.m_sLines;
 }
 
 std::string CTestAttribute::Check(std::initializer_list<std::u16string_view> values)

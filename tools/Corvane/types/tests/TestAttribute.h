@@ -27,6 +27,8 @@ public:
     [[nodiscard]] CCorvaneType& AddChild();
     // Compiles the attribute and writes it to the override output; each call of the libraries on a line.
     [[nodiscard]] std::string GetOutputs();
+    // What SaveToDependency reports, each as "source resource kind" on a line.
+    [[nodiscard]] std::string GetDependencies();
     // Sets the values one by one and returns what a validation finds, each finding on a line.
     [[nodiscard]] std::string Check(std::initializer_list<std::u16string_view> values);
     // What was told about the schema's default, oldest first.
