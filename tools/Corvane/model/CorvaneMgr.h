@@ -161,8 +161,10 @@ public:
     [[nodiscard]] const CProjectInfo& GetProject() const { return m_Project; }
     // The directory of the program, in which a post-build step runs.
     [[nodiscard]] const std::u16string& GetToolsDirectory() const { return m_sToolsDirectory; }
-    // The user's own settings of this database; written at each close.
+    // The user's own settings of this database; written at each close, and at once by SavePerUserFile, which
+    // tells the user of a failure.
     [[nodiscard]] IUnicodeFileParse& GetPerUserFile() { return m_PerUser; }
+    void SavePerUserFile();
     [[nodiscard]] bool IsDirty() const { return m_bDirty; }
     void SetDirty(bool dirty) { m_bDirty = dirty; }
 

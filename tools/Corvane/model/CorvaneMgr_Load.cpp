@@ -339,20 +339,25 @@ bool CCorvaneMgr::CloseDatabase()
     ReleaseTree();
     m_Root.m_sName.clear();
     m_Gate.Disconnect();
-    if (std::exchange(m_bPerUserRead, false))
-    {
-        m_PerUser.WriteInteger(kDatabaseSection, u"Version", m_Root.m_nVersion);
-        m_PerUser.WriteInteger(kDatabaseSection, u"Active.Build", static_cast<std::int32_t>(m_nActiveBuild));
-        const std::u16string path = GetPerUserFilePath(m_Root.m_sDatabase);
-        if (!m_PerUser.Export(path, EXPORT_UTF16LE))
-            m_Context.m_Questions.Tell(
-                u"Write Error", FormatText(u"Your settings of this database could not be written: %s.\n\n%s",
-                                           m_PerUser.GetLastError().GetText(), path));
-    }
+    m_PerUser.WriteInteger(kDatabaseSection, u"Version", m_Root.m_nVersion);
+    m_PerUser.WriteInteger(kDatabaseSection, u"Active.Build", static_cast<std::int32_t>(m_nActiveBuild));
+    SavePerUserFile();
+    m_bPerUserRead = false;
     m_PerUser.Clear();
     m_Root.m_sDatabase.clear();
     Notify(CCorvaneEvent(ECorvaneEvent::CloseEnd));
     return true;
+}
+
+void CCorvaneMgr::SavePerUserFile()
+{
+    if (!m_bPerUserRead)
+        return;
+    const std::u16string path = GetPerUserFilePath(m_Root.m_sDatabase);
+    if (!m_PerUser.Export(path, EXPORT_UTF16LE))
+        m_Context.m_Questions.Tell(
+            u"Write Error", FormatText(u"Your settings of this database could not be written: %s.\n\n%s",
+                                       m_PerUser.GetLastError().GetText(), path));
 }
 
 // False when the user cancels, or when the save that he asked for failed: closing would lose his changes.
