@@ -21,6 +21,9 @@ CCorvaneMgr::CCorvaneMgr(const CCorvaneContext& context, const CCorvaneTypeMgr& 
 CCorvaneMgr::~CCorvaneMgr()
 {
     m_Undo.Clear();
+    // The release reports every record as deleted; listeners must know that this is no work of the user's.
+    if (IsOpen())
+        Notify(CCorvaneEvent(ECorvaneEvent::CloseBegin));
     ReleaseTree();
 }
 
