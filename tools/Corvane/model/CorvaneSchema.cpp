@@ -225,7 +225,10 @@ void CCorvaneSchema::ReconnectDerived()
     // This schema's own name may have changed, so that any schema may have gained or lost it as an ancestor.
     for (const CRef<CCorvaneSchema>& schema : m_Manager.GetSchemas())
         schema->DropInherited();
+    m_Manager.Notify(CCorvaneEvent(ECorvaneEvent::SchemasLoadBegin));
     m_Manager.ConnectSchemaParents();
+    // Attribute data that looks schemas up does it at the end of a load, when all are connected.
+    m_Manager.Notify(CCorvaneEvent(ECorvaneEvent::SchemasLoadEnd));
     for (const CRef<CCorvaneSchema>& schema : m_Manager.GetSchemas())
         m_Manager.FixRecords(*schema, false);
 }
