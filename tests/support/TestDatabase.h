@@ -78,10 +78,17 @@ public:
     [[nodiscard]] bool CheckOutForEdit(CCorvaneRecord&) override { return Answer(); }
     [[nodiscard]] bool CheckOutForEdit(CCorvaneSchema&) override { return Answer(); }
 
+    using CSourceGate::IsDeletePending;
+    [[nodiscard]] bool IsDeletePending(const CCorvaneRecord& record) override
+    {
+        return &record == m_pDeletePending;
+    }
+
     bool m_bRefuseConnection = false;
     bool m_bConnected = false;
     bool m_bGrant = true;
     int m_nAsked = 0;
+    const CCorvaneRecord* m_pDeletePending = nullptr;
 
 private:
     bool Answer()
