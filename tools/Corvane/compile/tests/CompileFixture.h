@@ -4,7 +4,6 @@
 #include "CorvaneSchemaAttribData.h"
 #include "DatabaseCompiler.h"
 #include "GatedDatabase.h"
-#include "TestLink.h"
 
 #include <cstdlib>
 #include <filesystem>
@@ -22,13 +21,11 @@ protected:
     void SetUp() override
     {
         SetCreatorMode("");
-        m_Types.RegisterType(u"TestLink", &CreateCorvaneType<CTestLink>);
-        m_AttribData.RegisterAttribData(u"TestLink", &CreateCorvaneAttribData<CCorvaneSchemaAttribData>);
         WriteLocator(kRecordingCreator);
         WriteRoot();
         AddSchema("Vehicle", "[Attrib.Mass.10]\nType=Integer\nDefault=5\n\n"
                              "[Attrib.Mass.0]\nType=Integer\nData=min=0;max=100\nDefault=5\n\n"
-                             "[Attrib.Ally.0]\nType=TestLink\nDefault=<none>\n");
+                             "[Attrib.Ally.0]\nType=RecordLink\nData=Vehicle\nDefault=<none>\n");
         for (const auto& [path, schema] :
              {std::pair{"Land", "Vehicle"}, {"Land/Tracked", "Vehicle"}, {"Store", ""}})
             AddCategory(path, schema);

@@ -24,8 +24,8 @@ constexpr std::u16string_view kAllWords[] = {u"Text",    u"Memo",    u"Boolean",
                                              u"Enum",    u"Range",   u"Time",    u"RecordLink", u"Color",
                                              u"Flags",   u"Effect",  u"Struct",  u"StringID"};
 // Words without a folder yet; a word leaves this table when its type arrives.
-constexpr std::u16string_view kMissingWords[] = {
-    u"Vector2", u"Vector3", u"Vector4", u"Range", u"RecordLink", u"Color", u"Flags", u"Struct", u"StringID"};
+constexpr std::u16string_view kMissingWords[] = {u"Vector2", u"Vector3", u"Vector4", u"Range",
+                                                 u"Color",   u"Flags",   u"Struct",  u"StringID"};
 
 // A schema's Data line and three values that fit it, for a type that does not take any text.
 struct SSample
@@ -36,6 +36,7 @@ struct SSample
 };
 constexpr SSample kSamples[] = {
     {u"Enum", u"Data=one;two;three", {u"one", u"two", u"THREE"}},
+    {u"RecordLink", u"Data=Thing", {u"All/One", u"all/one", u"All/One"}},
 };
 
 SSample GetSample(std::u16string_view word)
@@ -68,6 +69,12 @@ std::string GetSetter(std::int32_t code)
                                            "SetText",    "SetWideText", "SetVector2",
                                            "SetVector3", "SetVector4",  "SetRecordLink"};
     return code >= 1 && code <= 9 ? kSetters[code - 1] : "";
+}
+
+// The same for the override output, which takes a record by its path.
+std::string GetOverrideSetter(std::int32_t code)
+{
+    return code == DBVALUE_RECORDLINK ? "SetText" : GetSetter(code);
 }
 
 std::vector<std::string> Split(const std::string& call)
@@ -219,6 +226,7 @@ TEST_P(TypeConformance, CompileSendsTheEffectiveValues)
     // The child owns one value and shows the three of its parent.
     CCorvaneType& child = m_Variable.AddChild();
     Fill(m_Variable.Get(), 3);
+    ASSERT_TRUE(m_Variable.Get().SetValue(0, m_Sample.m_Values[0]));
     ASSERT_EQ(child.GetOwnValues().GetCount(), 1u);
 
     CRecordingCreator creator;
@@ -273,7 +281,7 @@ TEST_P(TypeConformance, EachRefusalEndsTheOverrideOutput)
     ASSERT_EQ(create.size(), 9u);
     EXPECT_EQ(create[4], "Category/Row.0.Value");
     EXPECT_EQ(create[7] + ' ' + create[8], "1 -1");
-    const std::string setter = GetSetter(std::stoi(create[3]));
+    const std::string setter = GetOverrideSetter(std::stoi(create[3]));
     EXPECT_EQ(std::count_if(taken.m_Calls.begin(), taken.m_Calls.end(),
                             [&](const std::string& call) { return Split(call)[0] == setter; }),
               3);
