@@ -199,7 +199,8 @@ void CCorvaneValueList::MoveToHeap(std::size_t moreUnits)
 
 void CCorvaneValueList::StoreInline(std::u16string_view text)
 {
-    std::memmove(m_Text, text.data(), text.size() * sizeof(char16_t));
+    // The text may be a view without data, and may lie in this very list.
+    std::char_traits<char16_t>::move(m_Text, text.data(), text.size());
     m_nLength = static_cast<std::uint8_t>(text.size());
     m_nState = Inline;
 }
