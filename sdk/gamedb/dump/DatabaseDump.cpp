@@ -7,6 +7,7 @@
 #include <iomanip>
 #include <map>
 #include <ostream>
+#include <set>
 
 namespace
 {
@@ -146,6 +147,20 @@ void WriteCategories(CJsonWriter& json, const CGameDatabase& database)
     }
     json.EndArray();
 }
+
+void AddAttribute(const std::string& owner, const CGameAttribute& attribute, std::set<std::string>& lines)
+{
+    const std::string name = owner + std::string(attribute.GetMemberName());
+    lines.insert(name + ' ' + FindForm(attribute.GetType()).word);
+    if (attribute.GetType() != DBVALUE_STRUCT)
+        return;
+    for (std::size_t row = 0; row < attribute.GetCount(); ++row)
+    {
+        CGameAttribute member = attribute.GetRow(row).GetFirstMember();
+        for (; member; member = member.GetNextMember())
+            AddAttribute(name + "[].", member, lines);
+    }
+}
 } // namespace
 
 void DumpDatabase(const CGameDatabase& database, std::ostream& out)
@@ -167,6 +182,24 @@ void DumpRecord(const CGameRecord& record, std::ostream& out)
 {
     CJsonWriter json(out);
     WriteRecord(json, record);
+}
+
+void DumpAttributes(const CGameDatabase& database, std::ostream& out)
+{
+    std::set<std::string> lines;
+    for (std::size_t i = 0; i < database.GetRecordCount(); ++i)
+    {
+        const CGameRecord record = database.GetRecord(i);
+        const std::string owner = std::string(record.GetSchemaName()) + '.';
+        for (std::size_t j = 0; j < record.GetAttributeCount(); ++j)
+        {
+            const CGameAttribute attribute = record.GetAttribute(j);
+            if (!attribute.IsMember())
+                AddAttribute(owner, attribute, lines);
+        }
+    }
+    for (const std::string& line : lines)
+        out << line << '\n';
 }
 
 void DumpSummary(const CGameDatabase& database, std::ostream& out)

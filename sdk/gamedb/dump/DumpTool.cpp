@@ -8,12 +8,13 @@
 
 namespace
 {
-constexpr std::string_view kUsage = "Usage: gamedb-dump [--summary | --record PATH] FILE\n";
+constexpr std::string_view kUsage = "Usage: gamedb-dump [--summary | --attributes | --record PATH] FILE\n";
 constexpr std::string_view kHelp =
     "\n"
     "Shows a packed database. Without an option: the whole database as JSON.\n"
     "\n"
     "  --summary      counts, sizes and the number of records of each schema\n"
+    "  --attributes   the attributes of each schema with their types, sorted lines for a comparison\n"
     "  --record PATH  one record as JSON; PATH is its category's path, a '/' and its name\n"
     "  --help         this text\n"
     "  --version      the versions of the tool and of the format\n"
@@ -30,6 +31,7 @@ struct SArguments
     bool isHelp = false;
     bool isVersion = false;
     bool isSummary = false;
+    bool isAttributes = false;
     const char* record = nullptr;
     const char* file = nullptr;
 };
@@ -50,6 +52,8 @@ std::string Parse(std::span<const char* const> arguments, SArguments& parsed)
             parsed.isVersion = true;
         else if (isOption && argument == "--summary")
             parsed.isSummary = true;
+        else if (isOption && argument == "--attributes")
+            parsed.isAttributes = true;
         else if (isOption && argument == "--record" && i + 1 < arguments.size())
             parsed.record = arguments[++i];
         else if (isOption && argument == "--record")
@@ -63,8 +67,8 @@ std::string Parse(std::span<const char* const> arguments, SArguments& parsed)
     }
     if (parsed.isHelp || parsed.isVersion)
         return {};
-    if (parsed.isSummary && parsed.record)
-        return "--summary and --record exclude each other.";
+    if (parsed.isSummary + parsed.isAttributes + (parsed.record != nullptr) > 1)
+        return "--summary, --attributes and --record exclude each other.";
     return parsed.file ? std::string() : "No file.";
 }
 
@@ -79,6 +83,8 @@ int Show(const SArguments& arguments, std::ostream& out, std::ostream& error)
     }
     if (arguments.isSummary)
         DumpSummary(*database, out);
+    else if (arguments.isAttributes)
+        DumpAttributes(*database, out);
     else if (!arguments.record)
         DumpDatabase(*database, out);
     else if (const CGameRecord record = database->FindRecord(arguments.record))

@@ -29,7 +29,7 @@ TEST(ContentHash, IsTheSameForBytesInPieces)
     for (std::size_t size = 0; size <= bytes.size(); ++size)
     {
         const auto whole = std::span<const std::byte>(bytes).first(size);
-        for (const std::size_t piece : {1, 7, 31, 32, 33, 64, 150})
+        for (const std::size_t piece : {1u, 7u, 31u, 32u, 33u, 64u, 150u})
         {
             CContentHasher hasher(size);
             for (std::size_t at = 0; at < size; at += piece)

@@ -41,6 +41,8 @@ TEST_F(DumpTool, ShowsTheDatabaseARecordAndASummary)
     EXPECT_EQ(m_Out.str(), ReadGolden("small.json"));
     ASSERT_EQ(Run({"--summary", file}), DUMP_OK);
     EXPECT_EQ(m_Out.str(), ReadGolden("small.summary"));
+    ASSERT_EQ(Run({"--attributes", file}), DUMP_OK);
+    EXPECT_EQ(m_Out.str(), ReadGolden("small.attributes"));
     ASSERT_EQ(Run({"--record", "Units/Bare", file}), DUMP_OK);
     EXPECT_EQ(m_Out.str(),
               "{\n  \"path\": \"Units/Bare\",\n  \"category\": \"Units\",\n  \"name\": \"Bare\",\n"
@@ -59,6 +61,7 @@ TEST_F(DumpTool, AnswersWrongArgumentsAndFiles)
         {{"--record"}, DUMP_USAGE},
         {{file, file}, DUMP_USAGE},
         {{"--summary", "--record", "A/B", file}, DUMP_USAGE},
+        {{"--summary", "--attributes", file}, DUMP_USAGE},
         {{"--help"}, DUMP_OK},
         {{"--version"}, DUMP_OK},
         {{"--", "--help"}, DUMP_INVALID_FILE},

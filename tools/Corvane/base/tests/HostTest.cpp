@@ -40,21 +40,26 @@ CQuestion Make(EButtons buttons)
 TEST(ConsoleQuestions, WithoutATerminalItSaysWhatItTakesAndReadsNothing)
 {
     const std::string question = "Save Changes: Save \xC3\xBC?\n";
-    for (const auto& [buttons, answer, told] :
-         {std::tuple(EButtons::Ok, EAnswer::Ok, ""),
-          std::tuple(EButtons::OkCancel, EAnswer::Cancel, "  Answer: Cancel\n"),
-          std::tuple(EButtons::YesNo, EAnswer::No, "  Answer: No\n"),
-          std::tuple(EButtons::YesNoCancel, EAnswer::Cancel, "  Answer: Cancel\n"),
-          std::tuple(EButtons::AbortRetryIgnore, EAnswer::Abort, "  Answer: Abort\n")})
+    struct SCase
+    {
+        EButtons buttons;
+        EAnswer answer;
+        const char* told;
+    };
+    for (const SCase& test : {SCase{EButtons::Ok, EAnswer::Ok, ""},
+                              SCase{EButtons::OkCancel, EAnswer::Cancel, "  Answer: Cancel\n"},
+                              SCase{EButtons::YesNo, EAnswer::No, "  Answer: No\n"},
+                              SCase{EButtons::YesNoCancel, EAnswer::Cancel, "  Answer: Cancel\n"},
+                              SCase{EButtons::AbortRetryIgnore, EAnswer::Abort, "  Answer: Abort\n"}})
     {
         const auto ask = [&](CConsoleQuestions& console)
         {
-            EXPECT_EQ(console.Ask(Make(buttons)), answer) << "what changes nothing";
+            EXPECT_EQ(console.Ask(Make(test.buttons)), test.answer) << "what changes nothing";
             const auto progress = console.CreateProgress(u"Compile Database");
             progress->SetText(u"Saving to disk...");
             EXPECT_FALSE(progress->Pump());
         };
-        EXPECT_EQ(Print("y\n", false, ask), question + told);
+        EXPECT_EQ(Print("y\n", false, ask), question + test.told);
     }
     CSilentQuestions silent;
     EXPECT_EQ(silent.Ask(Make(EButtons::YesNo)), EAnswer::Abort);
