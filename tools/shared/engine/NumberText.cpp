@@ -48,8 +48,8 @@ std::size_t CountExponent(std::u16string_view text)
     return digits == 0 ? 0 : 1 + sign + digits;
 }
 
-// The decimal number at the start of `text` as narrow text without its sign; empty when there is none.
-std::string TakeDecimal(std::u16string_view text)
+// Length of the decimal number without its sign at the start of `text`; 0 when there is none.
+std::size_t CountDecimal(std::u16string_view text)
 {
     std::size_t length = CountDigits(text);
     std::size_t digits = length;
@@ -59,18 +59,12 @@ std::string TakeDecimal(std::u16string_view text)
         digits += fraction;
         length += 1 + fraction;
     }
-    if (digits == 0)
-        return {};
-    length += CountExponent(text.substr(length));
-    std::string number(length, '\0');
-    std::transform(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(length), number.begin(),
-                   [](char16_t unit) { return static_cast<char>(unit); });
-    return number;
+    return digits == 0 ? 0 : length + CountExponent(text.substr(length));
 }
 
 // The conversion tells "out of range" for both ends alike. The number is too large when its first digit that
 // is not 0 stands, with the exponent applied, in front of the point.
-bool IsLarge(const std::string& number)
+bool IsLarge(std::string_view number)
 {
     const std::size_t mark = std::min(number.find_first_of("eE"), number.size());
     const std::size_t point = std::min(number.find('.'), mark);
@@ -90,7 +84,7 @@ bool IsLarge(const std::string& number)
     return place + exponent > 0;
 }
 
-double ToDouble(const std::string& number)
+double ToDouble(std::string_view number)
 {
     double value = 0;
     const auto result = std::from_chars(number.data(), number.data() + number.size(), value);
@@ -99,30 +93,52 @@ double ToDouble(const std::string& number)
     return value;
 }
 
-// Reads a text that is nothing but a few digits with perhaps a point. Digits and power of ten are exact in a
-// double, so that the one division rounds as the full conversion does.
-bool ParseShortDecimal(std::u16string_view text, double& value)
+// `number` is what CountDecimal measured. The buffer is longer than any number that this system writes, so
+// that only strange texts cost a heap block.
+double ToDouble(std::u16string_view number)
+{
+    constexpr std::size_t kShortUnits = 64;
+    std::array<char, kShortUnits> buffer;
+    std::string longer;
+    char* narrow = buffer.data();
+    if (number.size() > kShortUnits)
+    {
+        longer.resize(number.size());
+        narrow = longer.data();
+    }
+    std::transform(number.begin(), number.end(), narrow,
+                   [](char16_t unit) { return static_cast<char>(unit); });
+    return ToDouble(std::string_view(narrow, number.size()));
+}
+
+// Takes a number of a few digits with perhaps a point off the text; false, with the text as it was, when the
+// number has no digit, more of them, or an exponent. Digits and power of ten are exact in a double, so that
+// the one division rounds as the full conversion does.
+bool TakeShortDecimal(std::u16string_view& text, double& value)
 {
     constexpr std::array kPowers{1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
                                  1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
-    std::uint64_t number = 0;
-    std::size_t digits = 0;
-    std::size_t fraction = 0;
-    bool point = false;
-    for (const char16_t unit : text)
+    std::uint64_t number = 0; // Wraps when there are too many digits; then it is not used.
+    std::size_t length = 0;
+    const auto takeDigits = [&]
     {
-        if (unit == u'.' && !point)
-        {
-            point = true;
-            continue;
-        }
-        if (!IsDigit(unit) || ++digits == kPowers.size())
-            return false;
-        number = number * 10 + (unit - u'0');
-        fraction += point ? 1 : 0;
+        for (; length < text.size() && IsDigit(text[length]); ++length)
+            number = number * 10 + (text[length] - u'0');
+        return length;
+    };
+    std::size_t digits = takeDigits();
+    std::size_t fraction = 0;
+    if (length < text.size() && text[length] == u'.')
+    {
+        const std::size_t point = length++;
+        fraction = takeDigits() - point - 1;
+        digits += fraction;
     }
+    if (digits == 0 || digits >= kPowers.size() || CountExponent(text.substr(length)) != 0)
+        return false;
     value = static_cast<double>(number) / kPowers[fraction];
-    return digits != 0;
+    text.remove_prefix(length);
+    return true;
 }
 
 std::u16string Widen(const char* first, const char* last)
@@ -131,29 +147,56 @@ std::u16string Widen(const char* first, const char* last)
 }
 } // namespace
 
+bool TakeInteger(std::u16string_view& text, std::int32_t& value)
+{
+    std::u16string_view rest = text;
+    SkipBlanks(rest);
+    const bool negative = TakeSign(rest);
+    constexpr std::int64_t kLimit = std::int64_t{1} << 31U;
+    std::int64_t amount = 0;
+    std::size_t length = 0;
+    for (; length < rest.size() && IsDigit(rest[length]); ++length)
+        amount = std::min(amount * 10 + (rest[length] - u'0'), kLimit);
+    if (length == 0)
+        return false;
+    value = static_cast<std::int32_t>(negative ? -amount : std::min(amount, kLimit - 1));
+    text = rest.substr(length);
+    return true;
+}
+
+bool TakeFloat(std::u16string_view& text, float& value)
+{
+    std::u16string_view rest = text;
+    SkipBlanks(rest);
+    const bool negative = TakeSign(rest);
+    double number = 0;
+    if (!TakeShortDecimal(rest, number))
+    {
+        const std::size_t length = CountDecimal(rest);
+        if (length == 0)
+            return false;
+        number = ToDouble(rest.substr(0, length));
+        rest.remove_prefix(length);
+    }
+    constexpr double kLargest = std::numeric_limits<float>::max();
+    const auto amount = static_cast<float>(std::min(number, kLargest));
+    value = negative ? -amount : amount;
+    text = rest;
+    return true;
+}
+
 std::int32_t ParseInteger(std::u16string_view text)
 {
-    SkipBlanks(text);
-    const bool negative = TakeSign(text);
-    constexpr std::int64_t kLimit = std::int64_t{1} << 31U;
-    std::int64_t value = 0;
-    for (std::size_t i = 0; i < text.size() && IsDigit(text[i]); ++i)
-        value = std::min(value * 10 + (text[i] - u'0'), kLimit);
-    if (negative)
-        return static_cast<std::int32_t>(-value);
-    return static_cast<std::int32_t>(std::min(value, kLimit - 1));
+    std::int32_t value = 0;
+    (void)TakeInteger(text, value);
+    return value;
 }
 
 float ParseFloat(std::u16string_view text)
 {
-    SkipBlanks(text);
-    const bool negative = TakeSign(text);
-    double number = 0;
-    if (!ParseShortDecimal(text, number))
-        number = ToDouble(TakeDecimal(text));
-    constexpr double kLargest = std::numeric_limits<float>::max();
-    const auto value = static_cast<float>(std::min(number, kLargest));
-    return negative ? -value : value;
+    float value = 0;
+    (void)TakeFloat(text, value);
+    return value;
 }
 
 bool ParseBoolean(std::u16string_view text)

@@ -14,6 +14,11 @@
 // becomes the largest finite value of its sign.
 [[nodiscard]] float ParseFloat(std::u16string_view text);
 
+// The same for a number at the start of a longer text: takes it off the text. False, with text and value as
+// they were, when there are no digits.
+[[nodiscard]] bool TakeInteger(std::u16string_view& text, std::int32_t& value);
+[[nodiscard]] bool TakeFloat(std::u16string_view& text, float& value);
+
 // "True" without regard to case is true, every other text is false.
 [[nodiscard]] bool ParseBoolean(std::u16string_view text);
 
