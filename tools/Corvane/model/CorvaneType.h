@@ -94,12 +94,13 @@ protected:
     }
 };
 
-// The creation function of a type: a template instance that is its own default.
-template <class T>
+// The creation function of a type: a template instance that is its own default. A class that serves several
+// words has one function a word, which differ in what they hand to its constructor.
+template <class T, auto... Arguments>
 CRef<CCorvaneType> CreateCorvaneType(std::u16string_view defaultText, CCorvaneSchemaAttribData& attribData,
                                      CCorvaneRecord* parentRecord)
 {
-    CRef<CCorvaneType> instance(new T);
+    CRef<CCorvaneType> instance(new T(Arguments...));
     instance->SetParentRecord(parentRecord);
     instance->SetDefaultRecord(instance.Get());
     if (!instance->Init(defaultText, attribData))
