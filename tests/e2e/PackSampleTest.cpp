@@ -138,6 +138,10 @@ TEST_F(CPackSample, DeferredAttributesTellTheBuildsApart)
         {"Items/Weapons/Old Revolver", "ReloadTime", {"4200", "4200", "700"}},
         {"World/Weather/Blizzard", "Severity", {"\"Harsh\"", "\"Deadly\"", "\"Deadly\""}},
         {"Structures/Walls/Steel Gate", "CollapseEffect", {"\"collapse_metal\"", "\"collapse_metal\"", ""}},
+        {"Items/Weapons/Bolt-Action Rifle",
+         "AmmoItem",
+         {"-> Rifle Rounds", "-> Rifle Rounds | -> Match Rifle Rounds",
+          "-> Rifle Rounds | -> Match Rifle Rounds"}},
     };
     std::vector<CGameDatabase> databases;
     for (const char* build : {"7", "10", "20"})
