@@ -3,34 +3,14 @@
 #include "CorvaneDoc.h"
 #include "FormatText.h"
 #include "Path.h"
-#include "RegisterTypes.h"
-#include "Unicode.h"
+#include "ProgramStart.h"
 #include "host/Interrupt.h"
 
 #include <csignal>
-#include <filesystem>
 
 namespace
 {
 constexpr std::size_t kLongestPath = 259;
-
-// Installed programs keep their modules in ../lib/corvane, a build directory in ../lib.
-std::u16string GetModuleDirectory(IFileSystem& files)
-{
-    const std::u16string libraries = ResolvePath(GetProgramDirectory(), u"../lib");
-    const std::u16string own = JoinPath(libraries, u"corvane");
-    return files.IsDirectory(own) ? own : libraries;
-}
-
-// As a shell or a desktop may hand a path over: quotes around it, relative to the current directory.
-std::u16string MakeDocumentPath(std::u16string_view path)
-{
-    if (path.starts_with(u'"'))
-        path.remove_prefix(1);
-    path = path.substr(0, path.rfind(u'"'));
-    std::error_code error;
-    return ResolvePath(std::filesystem::current_path(error).u16string(), path);
-}
 
 sigset_t GetEndSignals()
 {
@@ -43,10 +23,8 @@ sigset_t GetEndSignals()
 } // namespace
 
 CCorvaneApp::CCorvaneApp()
-    : m_AssertLog(ToNarrow(GetProgramFile())), m_Services(m_Files), m_Profile(m_Files, GetProfilePath()),
-      m_Modules(m_Files, GetProgramDirectory(), GetModuleDirectory(m_Files)),
-      m_Questions(m_Console), m_Context{m_Files, m_Questions, m_Services, m_Run, m_Profile, m_Modules},
-      m_Manager(m_Context, m_Types, m_AttribData, m_Gate, m_Undo)
+    : m_Questions(m_Console), m_Session(m_Questions), m_Files(m_Session.GetFiles()),
+      m_Profile(m_Session.GetProfile()), m_Run(m_Session.GetRun()), m_Manager(m_Session.GetManager())
 {
 }
 
@@ -54,8 +32,6 @@ CCorvaneApp::~CCorvaneApp() = default;
 
 bool CCorvaneApp::InitInstance(std::span<const std::u16string> arguments)
 {
-    m_AssertLog.Install();
-    RegisterCorvaneTypes(m_Types, m_AttribData);
     m_RecentFiles.Load(m_Profile);
     m_SettingsHandle =
         m_Run.m_Settings.Add([this](ESettingsEvent event, std::u16string_view) { return OnSettings(event); });
@@ -89,8 +65,6 @@ void CCorvaneApp::ChooseHost()
 // start, so that one that comes during the load is not lost.
 void CCorvaneApp::PrepareSignals()
 {
-    // A file that may not grow further is a failed write with its own message, not the end of the process.
-    std::signal(SIGXFSZ, SIG_IGN);
     if (m_CommandLine.IsBatch())
     {
         CInterrupt::Install();
@@ -117,7 +91,7 @@ void CCorvaneApp::CheckWindow()
 bool CCorvaneApp::LoadUi()
 {
     std::u16string cause;
-    m_UiModule = m_Modules.Load(JoinPath(GetProgramDirectory(), kUiModuleFile), cause);
+    m_UiModule = m_Session.GetModules().Load(JoinPath(GetProgramDirectory(), kUiModuleFile), cause);
     if (const auto create = m_UiModule.FindFunction<FCreateCorvaneUi>(kCreateCorvaneUi))
         m_pUi.reset(create(*this));
     if (m_pUi)

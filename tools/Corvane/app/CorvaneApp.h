@@ -3,24 +3,14 @@
 // silent one without an action waits for a termination signal.
 #pragma once
 
-#include "AssertLog.h"
-#include "Context.h"
 #include "CorvaneCommandLineInfo.h"
-#include "CorvaneMgr.h"
-#include "CorvaneType.h"
-#include "CorvaneTypeMgr.h"
-#include "DiskFileSystem.h"
+#include "CorvaneSession.h"
 #include "HostQuestions.h"
 #include "Module.h"
-#include "Profile.h"
 #include "RecentFileList.h"
-#include "RunState.h"
-#include "SourceGate.h"
 #include "UiModule.h"
-#include "UndoRecorder.h"
 #include "host/ConsoleQuestions.h"
 #include "host/SilentQuestions.h"
-#include "host/SystemServices.h"
 
 #include <memory>
 #include <span>
@@ -44,7 +34,7 @@ public:
     // Saves what outlives the run and closes the database. The result is the process's exit status.
     [[nodiscard]] std::int32_t ExitInstance();
 
-    [[nodiscard]] const CCorvaneContext& GetContext() override { return m_Context; }
+    [[nodiscard]] const CCorvaneContext& GetContext() override { return m_Session.GetContext(); }
     [[nodiscard]] CCorvaneMgr& GetManager() override { return m_Manager; }
     [[nodiscard]] CRecentFileList& GetRecentFiles() override { return m_RecentFiles; }
     [[nodiscard]] CCorvaneDoc* GetDocument() override { return m_pMainDocument.get(); }
@@ -75,22 +65,15 @@ private:
     [[nodiscard]] bool ProcessShellCommand();
     void OpenLastFile();
 
-    CAssertLog m_AssertLog;
-    CDiskFileSystem m_Files;
-    CSystemServices m_Services;
-    CProfile m_Profile;
-    CModuleFinder m_Modules;
-    CRunState m_Run;
     CConsoleQuestions m_Console;
     CSilentQuestions m_Silent;
     CHostQuestions m_Questions;
-    CCorvaneContext m_Context;
-
-    CCorvaneTypeMgr m_Types;
-    CorvaneSchemaAttribDataMgr m_AttribData;
-    CSourceGate m_Gate;
-    CNoUndo m_Undo;
-    CCorvaneMgr m_Manager;
+    CCorvaneSession m_Session;
+    // Parts of the session.
+    IFileSystem& m_Files;
+    CProfile& m_Profile;
+    CRunState& m_Run;
+    CCorvaneMgr& m_Manager;
 
     CCorvaneCommandLineInfo m_CommandLine;
     CRecentFileList m_RecentFiles;
