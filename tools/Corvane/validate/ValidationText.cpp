@@ -1,7 +1,6 @@
 // The text forms of the findings: the log of a batch run and the list that a person copies or saves.
-#include "CorvaneMgr.h"
-#include "CorvaneType.h"
 #include "FileSystem.h"
+#include "FindingPlace.h"
 #include "FormatText.h"
 #include "Path.h"
 #include "UnicodeFileParseIO.h"
@@ -9,31 +8,10 @@
 
 namespace
 {
-// What a finding says about the place of its attribute; all empty without one.
-struct SPlace
-{
-    std::u16string_view m_sTypeName;
-    std::u16string m_sRecord;
-    std::u16string_view m_sAttribute;
-};
-
-SPlace DescribePlace(const CCorvaneAttrib* attrib)
-{
-    SPlace place;
-    if (!attrib)
-        return place;
-    if (const auto* type = dynamic_cast<const CCorvaneType*>(attrib))
-        place.m_sTypeName = type->GetTypeName();
-    place.m_sAttribute = attrib->GetName();
-    if (const CCorvaneRecord* record = attrib->GetOwnerRecord())
-        record->GetManager().GetRecordDisplayPath(record, place.m_sRecord);
-    return place;
-}
-
 void AppendLine(std::u16string& text, char16_t separator, std::u16string_view mark,
                 const CValidateError& error, std::size_t firstIndex)
 {
-    const SPlace place = DescribePlace(error.m_pAttrib.Get());
+    const SFindingPlace place = DescribePlace(error.m_pAttrib.Get());
     const std::u16string index = error.m_pAttrib ? FormatText(u"%u", error.m_nValueIndex + firstIndex) : u"";
     text.append(mark);
     for (const std::u16string_view field :
