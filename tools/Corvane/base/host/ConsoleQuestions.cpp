@@ -152,7 +152,7 @@ EAnswer CConsoleQuestions::Ask(const CQuestion& question)
     Print(m_pOut, question.m_sTitle + u": " + question.m_sText + u"\n");
     if (question.m_Buttons == EButtons::Ok)
         return EAnswer::Ok;
-    if (m_bInteractive)
+    if (m_bInteractive && !m_bUnattended)
         return ReadAnswer(question);
     Print(m_pOut,
           std::u16string(u"  Answer: ").append(GetWord(GetWords(question.m_Buttons), question.m_Unattended)) +

@@ -14,6 +14,8 @@ public:
     CConsoleQuestions(std::FILE* in, std::FILE* out, bool interactive);
     // On standard input and standard error; interactive when both are terminals.
     CConsoleQuestions();
+    // From now on nobody is asked, as if there were no terminal; progress is drawn all the same.
+    void SetUnattended() { m_bUnattended = true; }
 
     [[nodiscard]] EAnswer Ask(const CQuestion& question) override;
     [[nodiscard]] std::unique_ptr<IProgress> CreateProgress(std::u16string_view title) override;
@@ -29,5 +31,6 @@ private:
     std::FILE* m_pIn;
     std::FILE* m_pOut;
     bool m_bInteractive;
+    bool m_bUnattended = false;
     std::size_t m_nLineLength = 0; // Of the progress line that stands on the screen.
 };

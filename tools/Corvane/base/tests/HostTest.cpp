@@ -78,6 +78,12 @@ TEST(ConsoleQuestions, OnATerminalItAsksUntilItUnderstands)
     EXPECT_THAT(Print("\nperhaps\n  Y \nca\nNO\r\n", true, ask),
                 testing::StartsWith("Save Changes: Save \xC3\xBC?\n  (Yes/No/Cancel)   (Yes/No/Cancel)   "
                                     "(Yes/No/Cancel) Save Changes: "));
+    const auto leave = [](CConsoleQuestions& console)
+    {
+        console.SetUnattended();
+        EXPECT_EQ(console.Ask(Make(EButtons::YesNo)), EAnswer::No);
+    };
+    EXPECT_EQ(Print("y\n", true, leave), "Save Changes: Save \xC3\xBC?\n  Answer: No\n");
 }
 
 TEST(ConsoleQuestions, ProgressIsOneLineThatGivesWayToMessages)
