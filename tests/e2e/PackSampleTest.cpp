@@ -215,7 +215,7 @@ TEST_F(CPackSample, AFullDiskKeepsTheOldPackedFile)
 // A build machine has no display and no UI toolkit.
 TEST(CoreBinaries, NeedNoUiToolkit)
 {
-    for (const char* binary : {CORVANE_PROGRAM, CREATOR_LIBRARY, DUMP_PROGRAM})
+    for (const char* binary : {CORVANE_PROGRAM, CORVANECTL_PROGRAM, CREATOR_LIBRARY, DUMP_PROGRAM})
     {
         const std::string command =
             std::string("objdump -p '") + binary + "' | grep -E 'NEEDED.*(Qt|X11|wayland|GL)'";

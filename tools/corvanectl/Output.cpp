@@ -1,0 +1,61 @@
+#include "Output.h"
+
+#include "Command.h"
+#include "FileSystem.h"
+#include "Unicode.h"
+
+#include <cerrno>
+#include <csignal>
+#include <cstdio>
+#include <span>
+
+namespace
+{
+// Keeps the signals that end a run away while a file is being replaced, so that no half of it stays behind.
+// One that comes meanwhile ends the run at the end of the scope.
+class CSignalHold
+{
+public:
+    CSignalHold()
+    {
+        sigset_t held;
+        sigemptyset(&held);
+        for (const int signal : {SIGINT, SIGTERM, SIGHUP})
+            sigaddset(&held, signal);
+        ::pthread_sigmask(SIG_BLOCK, &held, &m_Before);
+    }
+    ~CSignalHold() { ::pthread_sigmask(SIG_SETMASK, &m_Before, nullptr); }
+    CSignalHold(const CSignalHold&) = delete;
+    CSignalHold& operator=(const CSignalHold&) = delete;
+
+private:
+    sigset_t m_Before;
+};
+} // namespace
+
+void PrintError(std::string_view text)
+{
+    std::fflush(stdout);
+    const std::string line = "corvanectl: " + std::string(text) + (text.ends_with('\n') ? "" : "\n");
+    std::fputs(line.c_str(), stderr);
+}
+
+int PrintResult(std::string_view text)
+{
+    const bool written = std::fwrite(text.data(), 1, text.size(), stdout) == text.size();
+    if (written && std::fflush(stdout) == 0)
+        return kStatusOk;
+    const std::string cause = ToNarrow(CFileError::FromErrno(errno).GetText());
+    PrintError("The output could not be written: " + cause + ".");
+    return kStatusNotWritten;
+}
+
+bool WriteResult(IFileSystem& files, std::u16string_view path, std::string_view text)
+{
+    const CSignalHold hold;
+    const CFileError error = files.WriteFile(path, std::as_bytes(std::span(text)));
+    if (error.IsOk())
+        return true;
+    PrintError("The file '" + ToNarrow(path) + "' could not be written: " + ToNarrow(error.GetText()) + ".");
+    return false;
+}

@@ -1,0 +1,17 @@
+// Where a sub-command's result and its words to the user go.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+class IFileSystem;
+
+// A message on standard error, with the program's name ahead. `text` is UTF-8 without a line end at its end.
+void PrintError(std::string_view text);
+
+// The result on standard output. The status is kStatusOk, or kStatusNotWritten with a message.
+[[nodiscard]] int PrintResult(std::string_view text);
+
+// The result in a file: the file is written whole or keeps what it had, also when the run is ended by a
+// signal. False, with a message that names file and cause, when it cannot be written.
+[[nodiscard]] bool WriteResult(IFileSystem& files, std::u16string_view path, std::string_view text);
