@@ -23,7 +23,7 @@ bool CCorvaneTypeEffect::Init(std::u16string_view defaultText, CCorvaneSchemaAtt
 
 bool CCorvaneTypeEffect::SetValue(std::size_t index, std::u16string_view text)
 {
-    return CCorvaneType::SetValue(index, EqualNames(text, kNoEffect) ? std::u16string_view() : text);
+    return CCorvaneType::SetValue(index, EqualNames(text, kNoEffect) ? std::u16string_view(u"") : text);
 }
 
 std::u16string_view CCorvaneTypeEffect::GetValue(std::size_t index) const
