@@ -16,7 +16,7 @@ class CCorvaneDoc final : public IRecordDocument
 public:
     // `manager` is not owned and outlives the document.
     explicit CCorvaneDoc(CCorvaneMgr& manager);
-    ~CCorvaneDoc();
+    ~CCorvaneDoc() override;
     CCorvaneDoc(const CCorvaneDoc&) = delete;
     CCorvaneDoc& operator=(const CCorvaneDoc&) = delete;
 
