@@ -1,6 +1,6 @@
 #include "CreatorLibrary.h"
 
-#include "CreatorGuard.h"
+#include "CallGuarded.h"
 #include "Module.h"
 #include "idatabasecreator.h"
 

@@ -1,8 +1,8 @@
 #include "DatabaseBuild.h"
 
+#include "CallGuarded.h"
 #include "CompileProgress.h"
 #include "CorvaneMgr.h"
-#include "CreatorGuard.h"
 #include "FormatText.h"
 #include "OutConverter.h"
 #include "PackedOutput.h"

@@ -1,4 +1,4 @@
-// Calls into a creator library: an exception that leaves one counts as a refusal.
+// Calls into a module that was loaded at run time: an exception that leaves one counts as a refusal.
 #pragma once
 
 // What `call` returns, or its type's zero when it throws.
