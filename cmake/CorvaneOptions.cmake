@@ -40,6 +40,7 @@ find_package(GTest REQUIRED)
 find_package(benchmark REQUIRED)
 pkg_check_modules(GIO REQUIRED IMPORTED_TARGET gio-2.0)
 pkg_check_modules(UUID REQUIRED IMPORTED_TARGET uuid)
+find_program(MSGFMT_PROGRAM msgfmt REQUIRED)
 include(GoogleTest)
 
 # corvane_library(<target> DIR <include dir> SOURCES <files> LINK <targets>)
@@ -75,4 +76,18 @@ function(corvane_fuzzer target)
   add_executable(${target} ${ARG_SOURCES})
   target_link_libraries(${target} PRIVATE ${ARG_LINK})
   target_link_options(${target} PRIVATE -fsanitize=fuzzer)
+endfunction()
+
+# corvane_catalogue(<target> <file.po> <file.mo> [option...])
+# Compiles a text of translators to a string table, with further options of msgfmt. Relative paths count from
+# the folder's sources and the folder's build.
+function(corvane_catalogue target po mo)
+  cmake_path(ABSOLUTE_PATH po BASE_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR} NORMALIZE)
+  cmake_path(ABSOLUTE_PATH mo BASE_DIRECTORY ${CMAKE_CURRENT_BINARY_DIR} NORMALIZE)
+  cmake_path(GET mo PARENT_PATH folder)
+  add_custom_command(OUTPUT ${mo}
+    COMMAND ${CMAKE_COMMAND} -E make_directory ${folder}
+    COMMAND ${MSGFMT_PROGRAM} --check ${ARGN} --output-file=${mo} ${po}
+    DEPENDS ${po} VERBATIM)
+  add_custom_target(${target} ALL DEPENDS ${mo})
 endfunction()
