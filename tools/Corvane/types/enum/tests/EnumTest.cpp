@@ -70,19 +70,12 @@ protected:
 };
 } // namespace
 
-TEST(Enum, DataIsSplitIntoWordsUnlessItNamesAFile)
+TEST(Enum, DataIsSplitIntoWords)
 {
-    const std::pair<std::u16string, std::string> rows[] = {{u"a;b ;c", "a|b|c|"},
-                                                           {u"a;;a; b\t\u3000", "a||a| b|"},
-                                                           {u"a;", "a|"},
-                                                           {u"", ""},
-                                                           {u"x.enums;y", "x.enums|y|"},
-                                                           {u";", "|"}};
+    const std::pair<std::u16string, std::string> rows[] = {
+        {u"a;b ;c", "a|b|c|"}, {u"a;;a; b\t\u3000", "a||a| b|"}, {u"a;", "a|"}, {u"", ""}, {u";", "|"}};
     for (const auto& [data, words] : rows)
-    {
-        CTestAttribute test(u"Enum", {u"Data=" + data});
-        EXPECT_EQ(Join(test.Get<CCorvaneTypeEnum>().GetEnumAttribData()->GetValueList()), words);
-    }
+        EXPECT_EQ(Join(CEnumValueList::FromData(data)->GetValues()), words);
 }
 
 TEST(Enum, FilesAreReadInBothByteOrdersLineByLine)
@@ -105,11 +98,7 @@ TEST(Enum, FilesAreReadInBothByteOrdersLineByLine)
         EXPECT_EQ(ReadFile(Encode(text, true)), words) << text;
     }
     EXPECT_EQ(ReadFile(Encode("ab", false) + "c"), "ab|");
-    for (const std::string_view bytes : {"", "\xFF", "\xFE", "a\nb\n",
-                                         "\xEF\xBB\xBF"
-                                         "a",
-                                         "\xFF\xFF"
-                                         "a"})
+    for (const std::string_view bytes : {"", "\xFF", "\xFE", "a\nb\n", "\xEF\xBB\xBF", "\xFF\xFF\xFE"})
         EXPECT_EQ(ReadFile(bytes), ToNarrow(CFileError{EFileError::InvalidData, 0}.GetText()));
 }
 
@@ -201,21 +190,17 @@ TEST(Enum, DefaultIsAWordOfTheListInAnyCase)
     struct SRow
     {
         std::u16string data, text, kept;
-        std::vector<std::u16string> told;
+        bool told;
     };
-    const auto message = [](std::u16string_view text)
-    {
-        return std::u16string(
-                   u"The attribute 'Value' of schema 'Thing' contains an invalid default enum of '")
-            .append(text)
-            .append(u"'.");
-    };
-    for (const SRow& row : {SRow{u"a;b", u"A", u"A", {}}, SRow{u"a;b", u"c", u"a", {message(u"c")}},
-                            SRow{u"a;b", u"", u"a", {message(u"")}}, SRow{u"", u"c", u"", {message(u"c")}}})
+    for (const SRow& row : {SRow{u"a;b", u"A", u"A", false}, SRow{u"a;b", u"c", u"a", true},
+                            SRow{u"a;b", u"", u"a", true}, SRow{u"", u"c", u"", true}})
     {
         CTestAttribute test(u"Enum", {u"Data=" + row.data, u"Default=" + row.text});
         EXPECT_EQ(test.Get().GetValue(0), row.kept);
-        EXPECT_EQ(test.GetDefaultMessages(), row.told);
+        EXPECT_EQ(test.GetQuestion("Invalid Schema Default Value"),
+                  row.told ? "The attribute 'Value' of schema 'Thing' contains an invalid default enum of '" +
+                                 ToNarrow(row.text) + "'."
+                           : "");
     }
 }
 
