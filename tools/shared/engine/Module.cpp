@@ -7,8 +7,10 @@
 
 #include <algorithm>
 #include <climits>
+#include <cstdlib>
 #include <cstring>
 #include <dlfcn.h>
+#include <filesystem>
 #include <unistd.h>
 #include <utility>
 
@@ -43,6 +45,33 @@ void* OpenLibrary(std::string native)
     if (native.find('/') == std::string::npos)
         native.insert(0, "./");
     return ::dlopen(native.c_str(), RTLD_NOW | RTLD_LOCAL);
+}
+
+// Loads the file's bytes under a name that this process has not seen. The name is gone again afterwards.
+void* OpenCopy(const std::string& native)
+{
+    namespace fs = std::filesystem;
+    std::error_code error;
+    std::string copy = (fs::temp_directory_path(error) / "corvane-module-XXXXXX").string();
+    const int descriptor = ::mkstemp(copy.data());
+    if (descriptor < 0)
+        return nullptr;
+    ::close(descriptor);
+    const bool copied = fs::copy_file(native, copy, fs::copy_options::overwrite_existing, error);
+    void* handle = copied ? OpenLibrary(copy) : nullptr;
+    ::unlink(copy.c_str());
+    return handle;
+}
+
+void* OpenCurrentLibrary(std::string native)
+{
+    if (native.find('/') == std::string::npos)
+        native.insert(0, "./");
+    void* resident = ::dlopen(native.c_str(), RTLD_LAZY | RTLD_NOLOAD);
+    if (resident == nullptr)
+        return OpenLibrary(std::move(native));
+    ::dlclose(resident);
+    return OpenCopy(native);
 }
 } // namespace
 
@@ -112,13 +141,23 @@ bool CModuleFinder::IsFile(std::u16string_view path) const
 
 CModule CModuleFinder::Load(std::u16string_view path, std::u16string& error) const
 {
+    return LoadWith(OpenLibrary, path, error);
+}
+
+CModule CModuleFinder::LoadCurrent(std::u16string_view path, std::u16string& error) const
+{
+    return LoadWith(OpenCurrentLibrary, path, error);
+}
+
+CModule CModuleFinder::LoadWith(FOpen open, std::u16string_view path, std::u16string& error) const
+{
     CModule module;
     error.clear();
     for (std::u16string& candidate : GetCandidates(path))
     {
         if (!IsFile(candidate))
             continue;
-        module.m_pHandle = OpenLibrary(m_Files.GetNativePath(candidate));
+        module.m_pHandle = open(m_Files.GetNativePath(candidate));
         if (module.IsLoaded())
         {
             module.m_sPath = std::move(candidate);

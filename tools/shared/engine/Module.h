@@ -49,12 +49,17 @@ public:
     // The first candidate that exists is loaded; one that is another system's library is passed over. When
     // none exists or it cannot be loaded, the result is not loaded and `error` says why, naming the file.
     [[nodiscard]] CModule Load(std::u16string_view path, std::u16string& error) const;
+    // The same for a library that may have changed since this process loaded it: the system answers with the
+    // image that it still holds, so that a private copy of the file is loaded then.
+    [[nodiscard]] CModule LoadCurrent(std::u16string_view path, std::u16string& error) const;
     // The first candidate that exists, or the empty text.
     [[nodiscard]] std::u16string Find(std::u16string_view path) const;
 
     [[nodiscard]] const std::u16string& GetProgramDirectory() const { return m_sProgramDirectory; }
 
 private:
+    using FOpen = void* (*)(std::string native);
+    [[nodiscard]] CModule LoadWith(FOpen open, std::u16string_view path, std::u16string& error) const;
     [[nodiscard]] bool IsFile(std::u16string_view path) const;
 
     IFileSystem& m_Files;
