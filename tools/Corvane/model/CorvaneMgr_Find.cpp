@@ -174,26 +174,27 @@ std::u16string CCorvaneMgr::MakeRecordNameUnique(const CCorvaneCategory& categor
 
 namespace
 {
-// The first attribute of the list with the GUID of `wanted`. Attributes of one schema stand at the same index
-// in every record, so that the search begins there; copies of one entry for other builds are neighbours.
+// The entry of the list that stands for the same attribute and build as `wanted`, else the first with its
+// GUID: a deferred entry keeps the GUID of the older one, whose values are other ones. Attributes of one
+// schema stand at the same index in every record, so that the search begins there.
 CCorvaneAttrib* FindByGuid(std::span<const CRef<CCorvaneAttrib>> list, const CCorvaneAttrib& wanted)
 {
-    const CGuid guid = wanted.GetGuid();
     const std::ptrdiff_t hint = wanted.GetIndexInRecord();
     if (hint >= 0 && static_cast<std::size_t>(hint) < list.size() &&
-        list[static_cast<std::size_t>(hint)]->GetGuid() == guid)
-    {
-        auto first = static_cast<std::size_t>(hint);
-        while (first > 0 && list[first - 1]->GetGuid() == guid)
-            --first;
-        return list[first].Get();
-    }
+        list[static_cast<std::size_t>(hint)]->IsSameAttribute(wanted))
+        return list[static_cast<std::size_t>(hint)].Get();
+    const CGuid guid = wanted.GetGuid();
+    CCorvaneAttrib* first = nullptr;
     for (const CRef<CCorvaneAttrib>& attrib : list)
     {
-        if (attrib->GetGuid() == guid)
+        if (attrib->GetGuid() != guid)
+            continue;
+        if (attrib->GetBuild() == wanted.GetBuild())
             return attrib.Get();
+        if (first == nullptr)
+            first = attrib.Get();
     }
-    return nullptr;
+    return first;
 }
 } // namespace
 
