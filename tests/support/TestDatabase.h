@@ -77,6 +77,7 @@ public:
     using CSourceGate::CheckOutForEdit;
     [[nodiscard]] bool CheckOutForEdit(CCorvaneRecord&) override { return Answer(); }
     [[nodiscard]] bool CheckOutForEdit(CCorvaneSchema&) override { return Answer(); }
+    [[nodiscard]] bool CheckOutForEdit(std::u16string_view) override { return Answer(); }
 
     using CSourceGate::IsDeletePending;
     [[nodiscard]] bool IsDeletePending(const CCorvaneRecord& record) override
