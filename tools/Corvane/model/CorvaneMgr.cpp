@@ -1,5 +1,6 @@
 #include "CorvaneMgr.h"
 
+#include "BuildNumberCache.h"
 #include "Module.h"
 #include "NameCompare.h"
 #include "Path.h"
@@ -13,6 +14,7 @@ CCorvaneMgr::CCorvaneMgr(const CCorvaneContext& context, const CCorvaneTypeMgr& 
       m_pCategoryFiles(std::make_unique<CPointerIndex<CCorvaneCategory>>()),
       m_pSchemaNames(std::make_unique<CPointerIndex<CCorvaneSchema>>()),
       m_pSchemaFiles(std::make_unique<CPointerIndex<CCorvaneSchema>>()),
+      m_pBuildNumbers(std::make_unique<CBuildNumberCache>(context.m_Files, context.m_Modules)),
       m_sToolsDirectory(context.m_Modules.GetProgramDirectory()), m_PerUser(context.m_Files),
       m_LoadParser(context.m_Files)
 {

@@ -26,6 +26,7 @@
 #include <unordered_map>
 #include <vector>
 
+class CBuildNumberCache;
 class CCorvaneTypeMgr;
 class CRecordLayout;
 class CSourceGate;
@@ -114,18 +115,57 @@ public:
                                                                std::u16string_view offset);
     [[nodiscard]] CCorvaneCategory* GetSystemCategory(CCorvaneCategory* category) const;
 
-    // Builds (CorvaneMgr_Defer).
+    // Builds (CorvaneMgr_Build).
     // The number that a game's library exports; an empty path means the project's own. 0 when there is none.
+    // The library is loaded again only when its file has changed.
     [[nodiscard]] std::uint32_t GetBuildNumber(std::u16string_view library = {});
     [[nodiscard]] std::uint32_t GetActiveBuild() const { return m_nActiveBuild; }
     void SetActiveBuild(std::uint32_t build);
     // Expert mode takes the user's choice, the other mode the game's number.
     void ChooseActiveBuild();
+    // Turns expert mode on or off, writes that to the profile and chooses the active build.
+    void ToggleExpertMode();
+    // Expert mode follows the game's number all the same; kept in the per-user file.
+    [[nodiscard]] bool IsGameBuildUsed() const;
+    void UseGameBuild(bool use);
+    // The profile's wish that a compile starts from the game's number.
+    [[nodiscard]] bool IsGameBuildDefault() const;
+    // Writes the database's version and the active build to the per-user file; see SavePerUserFile.
+    void WriteBuildSettings();
     [[nodiscard]] bool IsAttributeAvailableForBuild(const CCorvaneAttrib* pAttrib, std::uint32_t build) const;
     [[nodiscard]] bool IsAttributeModifiedForBuild(const CCorvaneAttrib* pAttrib, std::uint32_t build) const;
+    // For a change of `pAttrib`: marks it and its record when a newer entry has taken over. False when it is
+    // in no list.
     bool MarkAttributeAsModified(CCorvaneAttrib* pAttrib);
-    // Brings every record of a schema in line with its template.
+
+    // Deferred attributes (CorvaneMgr_Defer). Each works on the schema that declares the attribute, passes
+    // the gate for its file, and carries the outcome on to all derived schemas and all records, so that it
+    // equals that of a save and a load. A false result has told why when the gate refused.
+    //
+    // A new entry of the attribute takes over from `build` on and starts from the older one's values.
+    [[nodiscard]] bool DeferDeprecateAttribute(CCorvaneAttrib* pAttrib, std::uint32_t build);
+    // The attribute is gone from `build` on.
+    [[nodiscard]] bool DeferDeleteAttribute(CCorvaneAttrib* pAttrib, std::uint32_t build);
+    // Gives the entry another first build; records that hold it wait for a save. The order of entries is
+    // restored at the next load of the schema.
+    [[nodiscard]] bool UpdateAttributeBuild(CCorvaneAttrib* pAttrib, std::uint32_t build, bool deleted);
+    // Final removal: takes entry `index` of the schema's own attribute data list out of the schema and of all
+    // records, which are written. Cannot be undone; the undo list is emptied.
+    [[nodiscard]] bool DeleteDeferredAttribute(CCorvaneSchema* pSchema, std::size_t index);
+    // The same for member `index` of a struct file, through the data of any attribute that uses the file.
+    [[nodiscard]] bool DeleteDeferredAttribute(CCorvaneSchemaAttribData* pStructData, std::size_t index);
+    // The place for a new entry of `name` at `build` that keeps the falling order of builds. False for an
+    // unknown name, and for an entry older than all in a group that ends the list.
+    [[nodiscard]] static bool ComputeDeferAttributeLocation(const CCorvaneRecord& templateRecord,
+                                                            std::u16string_view name, std::uint32_t build,
+                                                            std::size_t* piDeferIndex);
+
+    // Brings every record of a schema in line with its template (CorvaneMgr_FixRecords); `save` writes each.
+    // Attributes that a record lacks start from the next older entry's values. Empties the undo list when a
+    // record loses an attribute.
     bool FixRecords(CCorvaneSchema& schema, bool save);
+    // The same for one record that was out of the tree while its schema may have changed.
+    void FixRecord(CCorvaneRecord& record);
 
     // What the attributes of one type share in this database: T, an ITypeState that is built from the manager
     // at the first call and lives as long as the manager.
@@ -194,6 +234,25 @@ private:
     void ReadPerUserFile();
     // The user's own choice of the active build; none leaves it as it is.
     void ApplyStoredBuild();
+    enum class EDeferral
+    {
+        Deprecate,
+        Delete
+    };
+    [[nodiscard]] bool DeferAttribute(CCorvaneAttrib* pAttrib, std::uint32_t build, EDeferral kind);
+    [[nodiscard]] bool DeferInSchema(CCorvaneSchema& schema, CCorvaneSchemaAttribData& data,
+                                     std::uint32_t build, EDeferral kind);
+    enum class EFixPurpose
+    {
+        Reload,
+        Defer,  // Marks records whose values only a save keeps.
+        Remove, // Writes every record.
+    };
+    void FixRecordsOf(CCorvaneSchema& schema, EFixPurpose purpose);
+    [[nodiscard]] bool CheckOutSchema(CCorvaneSchema& schema, std::u16string_view abortTitle);
+    // The schema and all that are derived from it, ancestors first.
+    [[nodiscard]] std::vector<CCorvaneSchema*> GetFamily(CCorvaneSchema& schema) const;
+    void SetBuildInRecords(CCorvaneSchema& schema, const CCorvaneAttrib& entry, std::uint32_t build);
     // Which directory each category was loaded from.
     using CategoryDirectories = std::unordered_map<const CCorvaneCategory*, SSourceDirectory*>;
     void LoadTree();
@@ -229,6 +288,7 @@ private:
     CCompiledList<CCorvaneRecord> m_CompiledRecords;
     CObserverList<const CCorvaneEvent&> m_Observers;
     CTypeStates m_TypeStates;
+    std::unique_ptr<CBuildNumberCache> m_pBuildNumbers;
 
     std::u16string m_sDirectory;
     std::u16string m_sRootFile;

@@ -86,8 +86,7 @@ bool CCorvaneMgr::OpenDatabase(std::u16string_view path)
     m_Gate.ReadCheckOutList(m_PerUser);
     Notify(CCorvaneEvent(ECorvaneEvent::LoadComplete));
     Notify(CCorvaneEvent(ECorvaneEvent::LoadEnd));
-    if (!m_Context.m_Run.Test(APP_EXPERT) || m_PerUser.ReadBoolean(kDatabaseSection, u"Use.Game.Build"))
-        SetActiveBuild(GetBuildNumber());
+    ChooseActiveBuild();
     return true;
 }
 
@@ -339,9 +338,7 @@ bool CCorvaneMgr::CloseDatabase()
     ReleaseTree();
     m_Root.m_sName.clear();
     m_Gate.Disconnect();
-    m_PerUser.WriteInteger(kDatabaseSection, u"Version", m_Root.m_nVersion);
-    m_PerUser.WriteInteger(kDatabaseSection, u"Active.Build", static_cast<std::int32_t>(m_nActiveBuild));
-    SavePerUserFile();
+    WriteBuildSettings();
     m_bPerUserRead = false;
     m_PerUser.Clear();
     m_Root.m_sDatabase.clear();

@@ -170,6 +170,12 @@ void CCorvaneRecord::RemoveAttribute(std::size_t index)
     Renumber(index);
 }
 
+void CCorvaneRecord::SetAttributes(std::vector<CRef<CCorvaneAttrib>> attribs)
+{
+    m_Attribs = std::move(attribs);
+    Renumber(0);
+}
+
 void CCorvaneRecord::Renumber(std::size_t first)
 {
     for (std::size_t i = first; i < m_Attribs.size(); ++i)

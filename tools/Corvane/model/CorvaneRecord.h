@@ -71,6 +71,7 @@ public:
     void AppendAttribute(CRef<CCorvaneAttrib> attrib);
     void InsertAttribute(std::size_t index, CRef<CCorvaneAttrib> attrib);
     void RemoveAttribute(std::size_t index);
+    void SetAttributes(std::vector<CRef<CCorvaneAttrib>> attribs);
     [[nodiscard]] std::span<const CRef<CCorvaneRecord>> GetReferencees() const { return m_Referencees; }
 
     [[nodiscard]] bool TestFlag(std::uint32_t flag) const { return (m_dwFlags & flag) != 0; }

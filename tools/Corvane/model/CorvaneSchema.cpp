@@ -13,6 +13,7 @@
 #include "host/Questions.h"
 #include "zrassert.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace
@@ -181,6 +182,50 @@ bool CCorvaneSchema::IsDerivedFrom(const CCorvaneSchema& ancestor) const
     return schema != nullptr;
 }
 
+void CCorvaneSchema::SetModified()
+{
+    SetFlag(SCHEMA_FLAG_MODIFIED, true);
+    m_Manager.SetDirty(true);
+}
+
+std::ptrdiff_t CCorvaneSchema::FindAttribData(const CCorvaneSchemaAttribData& data) const
+{
+    const auto found = std::find(m_AttribData.begin(), m_AttribData.end(), &data);
+    return found == m_AttribData.end() ? -1 : found - m_AttribData.begin();
+}
+
+std::size_t CCorvaneSchema::GetFirstOwnAttribute() const
+{
+    const auto list = m_pTemplateRecord->GetAttributeList();
+    const auto own = std::find_if(list.begin(), list.end(),
+                                  [this](const CRef<CCorvaneAttrib>& attrib)
+                                  { return attrib->GetParentRecord() == m_pTemplateRecord.Get(); });
+    return static_cast<std::size_t>(own - list.begin());
+}
+
+void CCorvaneSchema::DropUnfinishedEntries()
+{
+    const std::size_t firstOwn = GetFirstOwnAttribute();
+    for (std::size_t i = m_pTemplateRecord->GetAttributeList().size(); i-- > firstOwn;)
+    {
+        const CCorvaneAttrib& attrib = *m_pTemplateRecord->GetAttributeList()[i];
+        if (attrib.GetAttribData()->GetBuild() != attrib.GetBuild())
+            m_pTemplateRecord->RemoveAttribute(i);
+    }
+}
+
+void CCorvaneSchema::RefreshInherited()
+{
+    if (m_pParent == nullptr)
+        return;
+    const auto inherited = m_pParent->m_pTemplateRecord->GetAttributeList();
+    std::vector<CRef<CCorvaneAttrib>> list(inherited.begin(), inherited.end());
+    const auto before = m_pTemplateRecord->GetAttributeList();
+    list.insert(list.end(), before.begin() + static_cast<std::ptrdiff_t>(GetFirstOwnAttribute()),
+                before.end());
+    m_pTemplateRecord->SetAttributes(std::move(list));
+}
+
 void CCorvaneSchema::InsertAttribData(std::size_t index, CRef<CCorvaneSchemaAttribData> data)
 {
     m_AttribData.insert(m_AttribData.begin() + static_cast<std::ptrdiff_t>(index), std::move(data));
@@ -224,7 +269,10 @@ void CCorvaneSchema::ReconnectDerived()
 {
     // This schema's own name may have changed, so that any schema may have gained or lost it as an ancestor.
     for (const CRef<CCorvaneSchema>& schema : m_Manager.GetSchemas())
+    {
         schema->DropInherited();
+        schema->DropUnfinishedEntries();
+    }
     m_Manager.Notify(CCorvaneEvent(ECorvaneEvent::SchemasLoadBegin));
     m_Manager.ConnectSchemaParents();
     // Attribute data that looks schemas up does it at the end of a load, when all are connected.

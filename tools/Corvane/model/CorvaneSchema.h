@@ -48,12 +48,23 @@ public:
     // Finds the parent by name and shares its template attributes; the parent's own parent first. False when
     // it is missing or the chain comes back to this schema.
     [[nodiscard]] bool ConnectParent();
+    // Takes away the template entries of a deferral that the gate refused: the ones whose build is not that
+    // of their data.
+    void DropUnfinishedEntries();
+    // Shares the attributes of the parent's template again, after that one has changed.
+    void RefreshInherited();
     void Clear();
 
     [[nodiscard]] std::span<const CRef<CCorvaneSchemaAttribData>> GetAttribDataList() const
     {
         return m_AttribData;
     }
+    // Where the data stands in the list, or -1.
+    [[nodiscard]] std::ptrdiff_t FindAttribData(const CCorvaneSchemaAttribData& data) const;
+    // The instance of an entry of the list; null when there is none.
+    [[nodiscard]] CCorvaneType* FindTemplateAttribute(const CCorvaneSchemaAttribData& data) const;
+    // Where the schema's own attributes begin in the template: behind those of its ancestors.
+    [[nodiscard]] std::size_t GetFirstOwnAttribute() const;
     void InsertAttribData(std::size_t index, CRef<CCorvaneSchemaAttribData> data);
     void RemoveAttribData(std::size_t index);
     [[nodiscard]] CCorvaneRecord* GetTemplate() const { return m_pTemplateRecord.Get(); }
@@ -66,6 +77,8 @@ public:
     [[nodiscard]] const std::u16string& GetFile() const { return m_sFile; }
     [[nodiscard]] bool TestFlag(std::uint32_t flag) const { return (m_dwFlags & flag) != 0; }
     void SetFlag(std::uint32_t flag, bool on) { m_dwFlags = on ? (m_dwFlags | flag) : (m_dwFlags & ~flag); }
+    // The schema waits for a save, and so does the database.
+    void SetModified();
     [[nodiscard]] const SFileStamp& GetFileStamp() const { return m_Stamp; }
     [[nodiscard]] std::uint32_t GetFileTime() const { return GetDosTime(m_Stamp); }
     [[nodiscard]] CCorvaneMgr& GetManager() const { return m_Manager; }
@@ -86,7 +99,6 @@ private:
     void FillWriter(IUnicodeFileParse& writer) const;
     void ReadSection(const CUnicodeFileParse_ReadOnly& parser, std::size_t section, std::u16string_view path);
     [[nodiscard]] std::u16string MakeFilePath(std::u16string_view path) const;
-    [[nodiscard]] CCorvaneType* FindTemplateAttribute(const CCorvaneSchemaAttribData& data) const;
 
     CCorvaneMgr& m_Manager;
     std::uint32_t m_dwFlags = 0;

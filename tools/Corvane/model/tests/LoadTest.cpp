@@ -43,7 +43,7 @@ TEST_F(Load, MakesTheTreeInAFixedOrderAndTellsIt)
     EXPECT_EQ(GetTitles(), "");
     EXPECT_EQ(GetRecordList(), kWeapons);
     EXPECT_THAT(m_Events, ElementsAre(2, 3, 0, 10, 11, 12, 26, 26, 26, 13, 14, 26, 32, 26, 32, 29, 26, 32, 29,
-                                      29, 29, 15, 65, 1));
+                                      29, 29, 15, 65, 1, 60));
     EXPECT_FALSE(m_Run.Test(APP_LOADING));
     EXPECT_FALSE(Get().IsDirty());
     EXPECT_EQ(Value("Group/Weapons/pistol", "Damage"), "7");
