@@ -2,8 +2,8 @@
 #include "GameAttribute.h"
 #include "GameDatabase.h"
 #include "GameRecord.h"
+#include "SampleCopy.h"
 #include "SampleValues.h"
-#include "ScratchDir.h"
 #include "Unicode.h"
 
 #include <gtest/gtest.h>
@@ -11,37 +11,21 @@
 #include <array>
 #include <cstdlib>
 #include <sstream>
-#include <sys/wait.h>
 
 namespace fs = std::filesystem;
 
 namespace
 {
-// A copy of the sample in a directory of its own, so that a test may write beside it.
-class CPackSample : public ::testing::Test
+class CPackSample : public ::testing::Test, protected CSampleCopy
 {
 protected:
-    CPackSample()
-    {
-        fs::copy(OUTPOST_DIRECTORY, m_Scratch.GetPath() / "outpost", fs::copy_options::recursive);
-        // What somebody packed in the source tree is no part of the sample.
-        fs::remove(m_Scratch.GetPath() / "outpost/Game/Outpost.Gamdb00p");
-        fs::remove(m_Scratch.GetPath() / "outpost/Game/Outpost.manifest");
-    }
-
-    fs::path GetDatabase() const { return m_Scratch.GetPath() / "outpost/Database"; }
-
-    // Exit status of a pack; what the program prints goes to "output".
     int Pack(const std::string& arguments, const std::string& limits = {}) const
     {
-        const std::string command = limits + "'" CORVANE_PROGRAM "' " + arguments + " '" +
-                                    (GetDatabase() / "Outpost.Gamdb00s").string() + "' >'" +
-                                    (m_Scratch.GetPath() / "output").string() + "' 2>&1 </dev/null";
-        const int status = std::system(command.c_str());
-        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+        return RunShell(limits + "'" CORVANE_PROGRAM "' " + arguments + " '" + GetRootFile() + "'");
     }
 
-    std::string PathOf(const std::string& name) const { return (m_Scratch.GetPath() / name).string(); }
+    // What the program printed to either output.
+    std::string GetOutput() const { return m_Scratch.ReadBytes("output") + m_Scratch.ReadBytes("error"); }
 
     CGameDatabase Open(const std::string& name) const
     {
@@ -50,8 +34,6 @@ protected:
         EXPECT_TRUE(database) << error;
         return std::move(database).value();
     }
-
-    CScratchDir m_Scratch;
 };
 
 // What a game sees of an attribute: its type and its values; of a struct the number of its rows. Empty when
@@ -110,7 +92,7 @@ TEST_F(CPackSample, PackedValuesAreThoseOfTheFilesForEachBuild)
                        " -Output " + PathOf("packed")),
                   0);
         EXPECT_EQ(m_Scratch.ReadUtf16("log.txt"), u"") << "the sample has no findings";
-        EXPECT_EQ(m_Scratch.ReadBytes("output"), "") << "the load has nothing to tell";
+        EXPECT_EQ(GetOutput(), "") << "the load has nothing to tell";
         const CGameDatabase database = Open("packed");
         EXPECT_EQ(database.GetRecordCount(), files.GetRecords().size());
         for (const CSampleFiles::SRecord& source : files.GetRecords())
@@ -136,6 +118,8 @@ TEST_F(CPackSample, DeferredAttributesTellTheBuildsApart)
         {"Actors/Enemies/Hollow/Frost Runner", "Resistances", {"", "", "-0.2 | 0.4 | -0.8"}},
         {"Items/Weapons/Old Revolver", "Spread", {"3", "1.5", "1.5"}},
         {"Items/Weapons/Old Revolver", "ReloadTime", {"4200", "4200", "700"}},
+        {"Actors/Enemies/Hollow/Runner", "PackSize", {"2 | 5", "vector2 2 5", "vector2 2 5"}},
+        {"World/Weather/Fog", "FogColor", {"vector3", "vector3", "vector4"}},
         {"World/Weather/Blizzard", "Severity", {"\"Harsh\"", "\"Deadly\"", "\"Deadly\""}},
         {"Structures/Walls/Steel Gate", "CollapseEffect", {"\"collapse_metal\"", "\"collapse_metal\"", ""}},
         {"Items/Weapons/Bolt-Action Rifle",
@@ -175,7 +159,7 @@ TEST_F(CPackSample, TwoPacksAreEqualAndTouchNoSourceFile)
 TEST_F(CPackSample, ThePostBuildStepDescribesThePackedFile)
 {
     ASSERT_EQ(Pack("-Silent -Pack"), 0);
-    EXPECT_EQ(m_Scratch.ReadBytes("output"), "");
+    EXPECT_EQ(GetOutput(), "");
     const std::string manifest = m_Scratch.ReadBytes("outpost/Game/Outpost.manifest");
     const auto size = fs::file_size(m_Scratch.GetPath() / "outpost/Game/Outpost.Gamdb00p");
     EXPECT_NE(manifest.find("Size=" + std::to_string(size)), std::string::npos) << manifest;
@@ -184,12 +168,7 @@ TEST_F(CPackSample, ThePostBuildStepDescribesThePackedFile)
 // A finding that a game cannot live with: told by the status, written to the log, packed all the same.
 TEST_F(CPackSample, CriticalFindingsSetTheStatusAndReachTheLog)
 {
-    const std::string record = "outpost/Database/Actors/Enemies/Hollow/Frost Runner.record";
-    std::u16string text = m_Scratch.ReadUtf16(record);
-    const std::size_t at = text.find(u"Value.0000=", text.find(u"[Attrib.Health]"));
-    text.replace(at, text.find(u"\r\n", at) - at, u"Value.0000=-5");
-    text.replace(text.find(u"Inherit=", text.find(u"[Attrib.Health]")), 12, u"Inherit=Fals");
-    m_Scratch.WriteUtf16(record, text);
+    SetValue("Actors/Enemies/Hollow/Frost Runner.record", u"Attrib.Health", u"Value.0000", u"-5");
     EXPECT_EQ(Pack("-Silent -Pack -Log " + PathOf("log.txt") + " -Output " + PathOf("packed")), 1);
     const std::u16string log = m_Scratch.ReadUtf16("log.txt");
     EXPECT_EQ(log.find(u"Critical|Invalid Integer|Integer|Actors/Enemies/Hollow/Fast/Frost Runner|Health|0|"),
@@ -206,9 +185,9 @@ TEST_F(CPackSample, AFullDiskKeepsTheOldPackedFile)
     m_Scratch.WriteBytes("packed", "the old one");
     EXPECT_EQ(Pack("-Pack -Output " + PathOf("packed"), "ulimit -f 16; "), 5);
     EXPECT_EQ(m_Scratch.ReadBytes("packed"), "the old one");
-    EXPECT_NE(m_Scratch.ReadBytes("output").find("Failed to save database to file.  The file may be locked."),
+    EXPECT_NE(GetOutput().find("Failed to save database to file.  The file may be locked."),
               std::string::npos);
-    EXPECT_EQ(std::distance(fs::directory_iterator(m_Scratch.GetPath()), {}), 3)
+    EXPECT_EQ(std::distance(fs::directory_iterator(m_Scratch.GetPath()), {}), 4)
         << "no temporary file is left";
 }
 
