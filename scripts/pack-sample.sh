@@ -14,7 +14,7 @@ case "${1:-}" in
 esac
 
 install_packages "${build_packages[@]}"
-build release corvane CorvaneCreator gamedb-dump Outpost outpost-postbuild >&2
+build release corvane CorvaneCreator GlossarRuntime gamedb-dump Outpost outpost-postbuild outpost_strings >&2
 
 bin=$PWD/build/release/bin
 root=$PWD/samples/outpost/Database/Outpost.Gamdb00s

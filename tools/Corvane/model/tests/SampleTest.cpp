@@ -43,8 +43,8 @@ TEST_F(Sample, LoadsWholeAndCounts)
     EXPECT_EQ(GetTitles(), "");
     EXPECT_EQ(Get().GetSchemas().size(), 15U);
     EXPECT_EQ((std::vector<std::size_t>{systems, virtuals, records, attributes}),
-              (std::vector<std::size_t>{30, 26, 230, 5280}));
-    const std::map<std::uint32_t, std::size_t> expected{{0, 4589}, {7, 4636}, {10, 4791}, {20, 4709}};
+              (std::vector<std::size_t>{30, 26, 230, 5633}));
+    const std::map<std::uint32_t, std::size_t> expected{{0, 4772}, {7, 4819}, {10, 4974}, {20, 4722}};
     EXPECT_EQ(available, expected);
     std::size_t depth = 0;
     for (const CCorvaneRecord* record = &Record("World/Objectives/Story/Step 6"); record != nullptr;
