@@ -65,10 +65,12 @@ std::uint64_t ToHashWord(std::uint64_t word)
     return (IsAsciiWord(word) ? word : FoldOtherWord(word)) & ~EveryUnit(0x20);
 }
 
+// The last of four units moves only the upper 16 bits of the product. Tables look at the low bits, and names
+// that are counted differ in their last unit, so that those bits are brought down too.
 std::uint64_t Mix(std::uint64_t hash, std::uint64_t word)
 {
     hash = (hash ^ word) * 0x9E37'79B9'7F4A'7C15U;
-    return hash ^ (hash >> 32U);
+    return hash ^ (hash >> 32U) ^ (hash >> 48U);
 }
 
 // Cases of one letter differ in bit 5 alone, so that most unlike words are told apart without folding; what

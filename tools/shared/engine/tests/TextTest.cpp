@@ -9,6 +9,7 @@
 #include <cmath>
 #include <limits>
 #include <random>
+#include <set>
 #include <tuple>
 
 namespace
@@ -70,6 +71,19 @@ TEST(NameCompare, FastPathsAgreeWithTheFolding)
         ASSERT_EQ(NameOrder(a, b), same ? a < b : foldedA < foldedB);
     }
     EXPECT_GT(equal, 100);
+}
+
+// Tables take the low bits, and databases are full of counted names. Of 1,000 names in 2,048 places, some
+// 790 have one of their own when chance decides.
+TEST(NameCompare, TheLowBitsOfTheHashTellCountedNamesApart)
+{
+    for (const char16_t* form : {u"Thing %d", u"r%d", u"Name (%d)", u"Attrib.Link%d.0"})
+    {
+        std::set<std::size_t> places;
+        for (int i = 0; i < 1000; ++i)
+            places.insert(HashName(FormatText(form, i)) & 2047U);
+        EXPECT_GT(places.size(), 700u) << ToNarrow(form);
+    }
 }
 
 TEST(Unicode, MalformedTextBecomesTheReplacement)
