@@ -26,6 +26,7 @@ public:
     [[nodiscard]] bool Pack(const std::filesystem::path& target);
     void Close();
     [[nodiscard]] CCorvaneMgr& GetManager() { return m_Manager; }
+    [[nodiscard]] CRunState& GetRunState() { return m_Run; }
 
 private:
     CSystemServices m_Services;

@@ -1,11 +1,19 @@
 #include "BenchOptions.h"
 
+#include <algorithm>
 #include <charconv>
+#include <iterator>
 
 namespace
 {
-constexpr std::string_view kTimes = "times";
-constexpr std::string_view kCounts = "counts";
+struct SKind
+{
+    std::string_view m_sName;
+    EMeasure m_Kind;
+};
+
+constexpr SKind kKinds[] = {
+    {"times", EMeasure::Times}, {"counts", EMeasure::Counts}, {"links", EMeasure::Links}};
 
 bool ParseCount(std::string_view text, std::size_t& out)
 {
@@ -32,10 +40,11 @@ bool ParseSizes(std::string_view text, std::vector<std::size_t>& out)
 
 bool ParseKind(std::string_view text, std::optional<EMeasure>& out)
 {
-    if (text == kTimes)
-        out = EMeasure::Times;
-    else if (text == kCounts)
-        out = EMeasure::Counts;
+    for (const SKind& kind : kKinds)
+    {
+        if (kind.m_sName == text)
+            out = kind.m_Kind;
+    }
     return out.has_value();
 }
 
@@ -62,6 +71,8 @@ struct SOption
 constexpr SOption kOptions[] = {
     {"--sizes",
      [](SBenchOptions& options, std::string_view value) { return ParseSizes(value, options.m_Sizes); }},
+    {"--links",
+     [](SBenchOptions& options, std::string_view value) { return ParseSizes(value, options.m_LinkSizes); }},
     {"--repeat",
      [](SBenchOptions& options, std::string_view value) { return ParseCount(value, options.m_nRepeat); }},
     {"--dir",
@@ -118,6 +129,7 @@ std::string_view GetBenchHelp()
            "Measures load and pack of generated databases against plain reading of the same files.\n"
            "\n"
            "  --sizes N,N,...  counts of records, 20 attributes each (1000,10000,100000)\n"
+           "  --links N,N,...  the same for the measurement of record links (1000,100000)\n"
            "  --repeat N       rounds for each size (5)\n"
            "  --dir DIR        make the databases below DIR and remove them afterwards\n"
            "                   (a fresh directory below the system's temporary one)\n"
@@ -129,7 +141,8 @@ std::string_view GetBenchHelp()
 std::vector<std::string> MakeMeasureArguments(EMeasure kind, const std::filesystem::path& tree,
                                               std::size_t records)
 {
-    return {"--measure", std::string(kind == EMeasure::Times ? kTimes : kCounts),
-            "--tree",    tree.string(),
+    const auto* const found = std::find_if(std::begin(kKinds), std::end(kKinds),
+                                           [kind](const SKind& entry) { return entry.m_Kind == kind; });
+    return {"--measure", std::string(found->m_sName), "--tree", tree.string(),
             "--records", std::to_string(records)};
 }

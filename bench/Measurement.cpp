@@ -6,6 +6,7 @@
 #include "DatabaseForms.h"
 #include "DatabaseGenerator.h"
 #include "DiskFileSystem.h"
+#include "LinkMeasurement.h"
 #include "PlainReading.h"
 
 #include <chrono>
@@ -41,6 +42,11 @@ constexpr SField kFields[] = {
     {"load_blocks", &SMeasurement::m_nLoadBlocks},
     {"pack_opens", &SMeasurement::m_nPackOpens},
     {"pack_blocks", &SMeasurement::m_nPackBlocks},
+    {"text_pass_ms", &SMeasurement::m_nTextPassMs},
+    {"link_pass_ms", &SMeasurement::m_nLinkPassMs},
+    {"first_question_ms", &SMeasurement::m_nFirstQuestionMs},
+    {"question_ms", &SMeasurement::m_nQuestionMs},
+    {"round_ms", &SMeasurement::m_nRoundMs},
 };
 
 double MillisecondsSince(CClock::time_point start)
@@ -150,6 +156,8 @@ bool MeasureCounts(const std::filesystem::path& tree, std::size_t records, SMeas
 
 bool Measure(EMeasure kind, const std::filesystem::path& tree, std::size_t records, SMeasurement& out)
 {
+    if (kind == EMeasure::Links)
+        return MeasureLinks(tree, records, out);
     const bool good =
         kind == EMeasure::Times ? MeasureTimes(tree, records, out) : MeasureCounts(tree, records, out);
     if (!good)

@@ -26,12 +26,19 @@ struct SMeasurement
     double m_nLoadBlocks = 0;
     double m_nPackOpens = 0;
     double m_nPackBlocks = 0;
+    // Of databases of their own, whose attributes are all links or all texts of the same length.
+    double m_nTextPassMs = 0; // The attribute pass of a pack.
+    double m_nLinkPassMs = 0;
+    double m_nFirstQuestionMs = 0; // Whether a record may be deleted, with the making of the index.
+    double m_nQuestionMs = 0;      // The same with the index.
+    double m_nRoundMs = 0;         // The same by a round over all links.
 };
 
 enum class EMeasure
 {
     Times,  // Plain reading, load, pack and close by the clock.
     Counts, // Load and pack with memory, file opens and heap blocks.
+    Links,  // Record links beside texts; makes its own databases below the tree's directory.
 };
 
 // The child's side. `records` is what the database must turn out to hold; false has told why.

@@ -1,6 +1,7 @@
 #include "Results.h"
 
 #include "DatabaseForms.h"
+#include "LinkMeasurement.h"
 
 #include <algorithm>
 
@@ -22,13 +23,18 @@ const SSizeResult* FindSize(const std::vector<SSizeResult>& results, std::size_t
 }
 } // namespace
 
-SSpread SSizeResult::GetSpread(double SMeasurement::*value) const
+SSpread SRounds::GetSpread(double SMeasurement::*value) const
 {
     std::vector<double> values;
     for (const SMeasurement& round : m_Rounds)
         values.push_back(round.*value);
     std::sort(values.begin(), values.end());
     return {values.front(), values[values.size() / 2], values.back()};
+}
+
+double SLinkResult::GetNanoseconds(double SMeasurement::*pass) const
+{
+    return GetSpread(pass).m_nLeast * 1e6 / static_cast<double>(m_nRecords * kLinksPerRecord);
 }
 
 double SSizeResult::GetLoadRatio() const

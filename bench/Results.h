@@ -16,13 +16,18 @@ struct SSpread
     double m_nMost = 0;
 };
 
-struct SSizeResult
+struct SRounds
 {
     std::size_t m_nRecords = 0;
     std::vector<SMeasurement> m_Rounds; // Timed; never empty.
-    SMeasurement m_Counts;
 
     [[nodiscard]] SSpread GetSpread(double SMeasurement::*value) const;
+};
+
+struct SSizeResult : SRounds
+{
+    SMeasurement m_Counts;
+
     // The least time of a round against the least plain reading: what disturbs a round only adds to it.
     [[nodiscard]] double GetLoadRatio() const;
     [[nodiscard]] double GetLoadAndPackRatio() const;
@@ -30,6 +35,18 @@ struct SSizeResult
     [[nodiscard]] double GetPeakPerAttribute() const;
     // Without the memory that the process has before the load, which is the same whatever it loads.
     [[nodiscard]] double GetOwnPeakPerAttribute() const;
+};
+
+struct SLinkResult : SRounds
+{
+    // The attribute pass for each attribute, in nanoseconds, from the least time of a round.
+    [[nodiscard]] double GetNanoseconds(double SMeasurement::*pass) const;
+};
+
+struct SBenchResults
+{
+    std::vector<SSizeResult> m_Sizes;
+    std::vector<SLinkResult> m_Links;
 };
 
 struct SGoal
@@ -46,6 +63,6 @@ struct SGoal
 // itself is most of it.
 [[nodiscard]] std::vector<SGoal> MakeGoals(const std::vector<SSizeResult>& results);
 
-void PrintTable(std::ostream& out, const std::vector<SSizeResult>& results);
+void PrintTable(std::ostream& out, const SBenchResults& results);
 // No paths and no dates, so that two runs differ only in what was measured.
-void WriteJson(std::ostream& out, const std::vector<SSizeResult>& results);
+void WriteJson(std::ostream& out, const SBenchResults& results);

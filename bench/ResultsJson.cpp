@@ -1,5 +1,6 @@
 // The results as a program reads them.
 #include "DatabaseForms.h"
+#include "LinkMeasurement.h"
 #include "Results.h"
 
 #include <cstdlib>
@@ -123,6 +124,21 @@ void WriteSize(std::ostream& out, const SSizeResult& result)
     size.Number("pack_allocations_per_record", counts.m_nPackBlocks / records);
 }
 
+void WriteLinks(std::ostream& out, const SLinkResult& result)
+{
+    CJsonObject links(out, 2);
+    links.Number("records", static_cast<double>(result.m_nRecords));
+    links.Number("links", static_cast<double>(result.m_nRecords * kLinksPerRecord));
+    links.Number("rounds", static_cast<double>(result.m_Rounds.size()));
+    WriteSpread(links, "text_pass_ms", result.GetSpread(&SMeasurement::m_nTextPassMs));
+    WriteSpread(links, "link_pass_ms", result.GetSpread(&SMeasurement::m_nLinkPassMs));
+    links.Number("text_ns", result.GetNanoseconds(&SMeasurement::m_nTextPassMs));
+    links.Number("link_ns", result.GetNanoseconds(&SMeasurement::m_nLinkPassMs));
+    WriteSpread(links, "first_question_ms", result.GetSpread(&SMeasurement::m_nFirstQuestionMs));
+    WriteSpread(links, "question_ms", result.GetSpread(&SMeasurement::m_nQuestionMs));
+    WriteSpread(links, "question_by_round_ms", result.GetSpread(&SMeasurement::m_nRoundMs));
+}
+
 void WriteGoal(std::ostream& out, const SGoal& goal)
 {
     CJsonObject object(out, 2);
@@ -146,15 +162,16 @@ void WriteList(std::ostream& out, const std::vector<T>& items, void (*write)(std
 }
 } // namespace
 
-void WriteJson(std::ostream& out, const std::vector<SSizeResult>& results)
+void WriteJson(std::ostream& out, const SBenchResults& results)
 {
     out << std::setprecision(12);
     {
         CJsonObject top(out, 0);
         top.Number("format", 1);
         WriteMachine(top.Name("machine"));
-        WriteList(top.Name("sizes"), results, WriteSize);
-        WriteList(top.Name("goals"), MakeGoals(results), WriteGoal);
+        WriteList(top.Name("sizes"), results.m_Sizes, WriteSize);
+        WriteList(top.Name("links"), results.m_Links, WriteLinks);
+        WriteList(top.Name("goals"), MakeGoals(results.m_Sizes), WriteGoal);
     }
     out << '\n';
 }

@@ -1,4 +1,5 @@
 // The results as a person reads them.
+#include "LinkMeasurement.h"
 #include "Results.h"
 
 #include <iomanip>
@@ -54,17 +55,32 @@ void PrintSize(std::ostream& out, const SSizeResult& result)
     PrintRow(out, "allocations a record, load", counts.m_nLoadBlocks / records, "");
     PrintRow(out, "allocations a record, pack", counts.m_nPackBlocks / records, "");
 }
+void PrintLinks(std::ostream& out, const SLinkResult& result)
+{
+    const double text = result.GetNanoseconds(&SMeasurement::m_nTextPassMs);
+    const double link = result.GetNanoseconds(&SMeasurement::m_nLinkPassMs);
+    out << '\n' << result.m_nRecords << " records with " << kLinksPerRecord << " links each\n";
+    PrintRow(out, "a text in the attribute pass", text, "ns");
+    PrintRow(out, "a link in the attribute pass", link, "ns");
+    PrintRow(out, "  against the text", link / text, "");
+    const auto least = [&](double SMeasurement::*value) { return result.GetSpread(value).m_nLeast; };
+    PrintRow(out, "first question before a delete", least(&SMeasurement::m_nFirstQuestionMs), "ms");
+    PrintRow(out, "a later question", least(&SMeasurement::m_nQuestionMs) * 1000, "us");
+    PrintRow(out, "a question by a round over all links", least(&SMeasurement::m_nRoundMs) * 1000, "us");
+}
 } // namespace
 
-void PrintTable(std::ostream& out, const std::vector<SSizeResult>& results)
+void PrintTable(std::ostream& out, const SBenchResults& results)
 {
     out << std::fixed << std::setprecision(2);
-    for (const SSizeResult& result : results)
+    for (const SSizeResult& result : results.m_Sizes)
         PrintSize(out, result);
+    for (const SLinkResult& result : results.m_Links)
+        PrintLinks(out, result);
     out << '\n'
         << "  " << std::left << std::setw(kNameWidth) << "goal" << std::right << std::setw(9) << "records"
         << std::setw(11) << "value" << std::setw(9) << "limit" << '\n';
-    for (const SGoal& goal : MakeGoals(results))
+    for (const SGoal& goal : MakeGoals(results.m_Sizes))
         out << "  " << std::left << std::setw(kNameWidth) << goal.m_sName << std::right << std::setw(9)
             << goal.m_nRecords << std::setw(11) << goal.m_nValue << std::setw(9) << goal.m_nLimit << "  "
             << (goal.IsMet() ? "met" : "missed") << '\n';

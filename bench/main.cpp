@@ -44,10 +44,10 @@ private:
     bool m_bOwn;
 };
 
-SMeasurement MeasureInChild(EMeasure kind, const CGeneratedTree& tree, std::size_t records)
+SMeasurement MeasureInChild(EMeasure kind, const std::filesystem::path& tree, std::size_t records)
 {
     const std::optional<std::string> text =
-        RunSelf(MakeMeasureArguments(kind, tree.GetPath(), records), tree.GetPath() / "config");
+        RunSelf(MakeMeasureArguments(kind, tree, records), tree / "config");
     const std::optional<SMeasurement> measurement = text ? ParseMeasurement(*text) : std::nullopt;
     if (!measurement)
         throw std::runtime_error("The measurement of " + std::to_string(records) + " records failed.");
@@ -61,16 +61,31 @@ SSizeResult MeasureSize(const SBenchOptions& options, const std::filesystem::pat
     const CGeneratedTree tree(directory, records, options.m_bKeep);
     SSizeResult result;
     result.m_nRecords = records;
-    result.m_Counts = MeasureInChild(EMeasure::Counts, tree, records);
+    result.m_Counts = MeasureInChild(EMeasure::Counts, tree.GetPath(), records);
     for (std::size_t round = 1; round <= options.m_nRepeat; ++round)
     {
         std::cerr << records << " records: round " << round << std::endl;
-        result.m_Rounds.push_back(MeasureInChild(EMeasure::Times, tree, records));
+        result.m_Rounds.push_back(MeasureInChild(EMeasure::Times, tree.GetPath(), records));
     }
     return result;
 }
 
-void WriteOutput(const std::filesystem::path& file, const std::vector<SSizeResult>& results)
+SLinkResult MeasureLinkSize(const SBenchOptions& options, const std::filesystem::path& directory,
+                            std::size_t records)
+{
+    const std::filesystem::path tree = directory / "corvane-bench-links";
+    SLinkResult result;
+    result.m_nRecords = records;
+    for (std::size_t round = 1; round <= options.m_nRepeat; ++round)
+    {
+        std::cerr << records << " records with links: round " << round << std::endl;
+        result.m_Rounds.push_back(MeasureInChild(EMeasure::Links, tree, records));
+    }
+    std::filesystem::remove_all(tree);
+    return result;
+}
+
+void WriteOutput(const std::filesystem::path& file, const SBenchResults& results)
 {
     std::ofstream out(file);
     WriteJson(out, results);
@@ -82,9 +97,11 @@ void WriteOutput(const std::filesystem::path& file, const std::vector<SSizeResul
 void RunAll(const SBenchOptions& options)
 {
     const CWorkDirectory directory(options.m_Directory);
-    std::vector<SSizeResult> results;
+    SBenchResults results;
     for (const std::size_t records : options.m_Sizes)
-        results.push_back(MeasureSize(options, directory.GetPath(), records));
+        results.m_Sizes.push_back(MeasureSize(options, directory.GetPath(), records));
+    for (const std::size_t records : options.m_LinkSizes)
+        results.m_Links.push_back(MeasureLinkSize(options, directory.GetPath(), records));
     PrintTable(std::cout, results);
     if (!options.m_Output.empty())
         WriteOutput(options.m_Output, results);

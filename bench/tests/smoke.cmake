@@ -4,7 +4,7 @@ file(REMOVE_RECURSE ${WORK})
 file(MAKE_DIRECTORY ${WORK}/tmp)
 set(ENV{TMPDIR} ${WORK}/tmp)
 
-execute_process(COMMAND ${BENCH} --sizes 200 --repeat 1 --output ${WORK}/results.json
+execute_process(COMMAND ${BENCH} --sizes 200 --links 200 --repeat 1 --output ${WORK}/results.json
   RESULT_VARIABLE status OUTPUT_VARIABLE table ERROR_VARIABLE messages)
 if(NOT status EQUAL 0)
   message(FATAL_ERROR "The benchmark ended with ${status}:\n${messages}")
@@ -38,6 +38,12 @@ if(NOT attributes EQUAL 4000 OR opens LESS 1)
   message(FATAL_ERROR "200 records gave ${attributes} attributes and ${opens} file opens a record")
 endif()
 string(JSON met GET "${json}" goals 0 met)
+foreach(key text_pass_ms link_pass_ms first_question_ms question_ms question_by_round_ms)
+  string(JSON value GET "${json}" links 0 ${key} least)
+  if(NOT value GREATER 0)
+    message(FATAL_ERROR "${key} of the links is ${value}")
+  endif()
+endforeach()
 
 if(json MATCHES "${WORK}")
   message(FATAL_ERROR "The results name a path")
