@@ -30,25 +30,34 @@ bool MayInherit(const CCorvaneAttrib& attrib)
     return false;
 }
 
-// The neighbour behind `attrib` in its record or struct row when it is another build of the same entry.
-const CCorvaneAttrib* FindNextBuild(const CCorvaneAttrib& attrib)
+// The neighbour of `attrib` in its record or struct row when it is another build of the same entry; `step` is
+// 1 for the one behind, -1 for the one before.
+const CCorvaneAttrib* FindOtherBuild(const CCorvaneAttrib& attrib, std::ptrdiff_t step)
 {
-    const CCorvaneAttrib* next = nullptr;
+    const CCorvaneAttrib* other = nullptr;
     if (const CCorvaneAttrib* parent = attrib.GetParentAttrib())
     {
         std::ptrdiff_t row = -1;
         const std::ptrdiff_t member = parent->FindChildAttribute(attrib, row);
-        if (member >= 0 && row >= 0)
-            next = parent->GetChildAttributeAt(static_cast<std::size_t>(row),
-                                               static_cast<std::size_t>(member) + 1);
+        if (member >= 0 && row >= 0 && member + step >= 0)
+            other = parent->GetChildAttributeAt(static_cast<std::size_t>(row),
+                                                static_cast<std::size_t>(member + step));
     }
-    else if (const std::ptrdiff_t index = attrib.GetIndexInRecord(); index >= 0)
+    else if (const std::ptrdiff_t index = attrib.GetIndexInRecord(); index >= 0 && index + step >= 0)
     {
         const auto list = attrib.GetParentRecord()->GetAttributeList();
-        const auto behind = static_cast<std::size_t>(index) + 1;
-        next = behind < list.size() ? list[behind].Get() : nullptr;
+        const auto place = static_cast<std::size_t>(index + step);
+        other = place < list.size() ? list[place].Get() : nullptr;
     }
-    return next && next->GetGuid() == attrib.GetGuid() ? next : nullptr;
+    return other && other->GetGuid() == attrib.GetGuid() ? other : nullptr;
+}
+
+const CCorvaneAttrib& FindFirstBuild(const CCorvaneAttrib& attrib)
+{
+    const CCorvaneAttrib* first = &attrib;
+    while (const CCorvaneAttrib* before = FindOtherBuild(*first, -1))
+        first = before;
+    return *first;
 }
 } // namespace
 
@@ -175,8 +184,10 @@ void CRecordLinkList::AddInheriting(const CCorvaneTypeRecordLink& from,
         CCorvaneAttrib* symmetric = nullptr;
         if (!m_Manager.FindSymmetricAttribute(record, &from, child.Get(), symmetric))
             continue;
-        // Entries for several builds share the identity by which a child finds its value.
-        for (const CCorvaneAttrib* attrib = symmetric; attrib != nullptr; attrib = FindNextBuild(*attrib))
+        // Entries for several builds share the identity by which a child finds its value, so that one that
+        // the parent lacks shows another's.
+        for (const CCorvaneAttrib* attrib = &FindFirstBuild(*symmetric); attrib != nullptr;
+             attrib = FindOtherBuild(*attrib, 1))
         {
             const CCorvaneTypeRecordLink* link = MayInherit(*attrib) ? AsLink(attrib) : nullptr;
             if (link && found.insert(link->m_nSlot).second)
