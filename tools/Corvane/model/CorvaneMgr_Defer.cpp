@@ -73,6 +73,13 @@ bool IsTaken(const std::vector<CCorvaneSchema*>& family, std::u16string_view nam
                        { return FindEntry(schema->GetTemplate()->GetAttributeList(), name, build); });
 }
 
+// What an earlier deferral left when the gate refused it; it must not spread to other schemas and records.
+void DropUnfinishedEntries(const std::vector<CCorvaneSchema*>& family)
+{
+    for (CCorvaneSchema* schema : family)
+        schema->DropUnfinishedEntries();
+}
+
 std::size_t GetDepth(const CCorvaneSchema& schema)
 {
     std::size_t depth = 0;
@@ -150,8 +157,7 @@ bool CCorvaneMgr::DeferInSchema(CCorvaneSchema& schema, CCorvaneSchemaAttribData
                                 EDeferral kind)
 {
     const std::vector<CCorvaneSchema*> family = GetFamily(schema);
-    for (CCorvaneSchema* member : family)
-        member->DropUnfinishedEntries();
+    DropUnfinishedEntries(family);
     if (const CCorvaneAttrib* standing = FindEntry(GetOwnEntries(schema), data.GetName(), build))
     {
         // A deletion is revived, or a new version turned into a deletion, without a new entry.
@@ -201,8 +207,10 @@ bool CCorvaneMgr::UpdateAttributeBuild(CCorvaneAttrib* pAttrib, std::uint32_t bu
         return false;
     const CRef<CCorvaneSchemaAttribData> data(pAttrib->GetAttribData());
     const CRef<CCorvaneType> entry(schema->FindTemplateAttribute(*data));
+    const std::vector<CCorvaneSchema*> family = GetFamily(*schema);
+    DropUnfinishedEntries(family);
     const bool moved = entry && build != entry->GetBuild();
-    if (!entry || (moved && IsTaken(GetFamily(*schema), data->GetName(), build)) ||
+    if (!entry || (moved && IsTaken(family, data->GetName(), build)) ||
         !CheckOutSchema(*schema, u"Deferred Delete Aborted"))
         return false;
     if (moved)
@@ -250,8 +258,10 @@ bool CCorvaneMgr::DeleteDeferredAttribute(CCorvaneSchema* pSchema, std::size_t i
     pSchema->SetModified();
     if (!entry)
         return true;
+    const std::vector<CCorvaneSchema*> family = GetFamily(*pSchema);
+    DropUnfinishedEntries(family);
     pSchema->GetTemplate()->RemoveAttribute(static_cast<std::size_t>(entry->GetIndexInRecord()));
-    for (CCorvaneSchema* member : GetFamily(*pSchema))
+    for (CCorvaneSchema* member : family)
     {
         member->RefreshInherited();
         FixRecordsOf(*member, EFixPurpose::Remove);

@@ -311,7 +311,8 @@ CCorvaneType* CCorvaneSchema::FindTemplateAttribute(const CCorvaneSchemaAttribDa
 {
     for (const CRef<CCorvaneAttrib>& attrib : m_pTemplateRecord->GetAttributeList())
     {
-        if (attrib->GetAttribData() == &data)
+        // A deferral that was refused left a copy of the entry with another build.
+        if (attrib->GetAttribData() == &data && attrib->GetBuild() == data.GetBuild())
             return static_cast<CCorvaneType*>(attrib.Get());
     }
     return nullptr;

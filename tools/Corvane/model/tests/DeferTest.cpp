@@ -259,6 +259,12 @@ TEST_F(Defer, ARefusedCheckOutLeavesNothingThatGrows)
     EXPECT_FALSE(Delete("Bases/Omega", "A", 10));
     EXPECT_TRUE(Schema("Base").ReloadFromFile());
     ExpectSameAfterLoad("reloaded");
+    // The copy that a refusal leaves is not mistaken for the entry.
+    EXPECT_FALSE(Delete("Bases/Omega", "A", 10));
+    m_Gate.m_bGrant = true;
+    EXPECT_TRUE(Get().DeleteDeferredAttribute(&Schema("Base"), 0));
+    EXPECT_EQ(GetTemplateList("Child"), "Mass.10 Mass.0 Tail.7 Tail.0 Own.0 Own2.0 ");
+    ExpectSameAfterLoad("removed");
 }
 
 TEST_F(Defer, AnotherFirstBuildKeepsTheValuesOfRecords)
