@@ -62,7 +62,7 @@ void CUnicodeFileParse_ReadOnly::Clear()
 {
     m_Sections.clear();
     m_Keys.clear();
-    m_Index.Drop();
+    DropIndexes();
 }
 
 bool CUnicodeFileParse_ReadOnly::IsEmpty() const
@@ -146,6 +146,19 @@ std::ptrdiff_t CUnicodeFileParse_ReadOnly::FindSection(std::u16string_view name,
     return m_Index.Find(name, hash, nameOf);
 }
 
+const CSectionTree& CUnicodeFileParse_ReadOnly::GetTree() const
+{
+    if (!m_Tree.IsBuilt())
+        m_Tree.Build(m_Sections.size(), [this](std::size_t section) { return m_Sections[section].m_sName; });
+    return m_Tree;
+}
+
+void CUnicodeFileParse_ReadOnly::DropIndexes()
+{
+    m_Index.Drop();
+    m_Tree.Drop();
+}
+
 std::u16string_view CUnicodeFileParse_ReadOnly::FindValue(std::size_t section, std::u16string_view name) const
 {
     for (const SSectionKey& key : GetKeys(section))
@@ -159,7 +172,7 @@ std::u16string_view CUnicodeFileParse_ReadOnly::FindValue(std::size_t section, s
 void CUnicodeFileParse_ReadOnly::RemoveSection(std::size_t section)
 {
     m_Sections.erase(m_Sections.begin() + static_cast<std::ptrdiff_t>(section));
-    m_Index.Drop();
+    DropIndexes();
 }
 
 void CUnicodeFileParse_ReadOnly::MoveSection(std::size_t from, std::size_t to)
@@ -170,7 +183,7 @@ void CUnicodeFileParse_ReadOnly::MoveSection(std::size_t from, std::size_t to)
         std::rotate(first, first + 1, target);
     else
         std::rotate(target, first, first + 1);
-    m_Index.Drop();
+    DropIndexes();
 }
 
 std::u16string_view CUnicodeFileParse_ReadOnly::FindText(std::u16string_view section,

@@ -6,6 +6,7 @@
 #pragma once
 
 #include "SectionIndex.h"
+#include "SectionTree.h"
 #include "UnicodeFileParseBase.h"
 
 #include <vector>
@@ -55,6 +56,8 @@ public:
     [[nodiscard]] std::ptrdiff_t FindSection(std::u16string_view name, std::size_t hash) const;
     // The first value of that name in a section, or a view without data.
     [[nodiscard]] std::u16string_view FindValue(std::size_t section, std::u16string_view name) const;
+    // The sections by the elements of their names; built at the first call, and gone with the content.
+    [[nodiscard]] const CSectionTree& GetTree() const;
     // Reorders what was read: removes one section, or takes `from` out and puts it in front of what stands
     // at `to` (both indices counted before the move).
     void RemoveSection(std::size_t section);
@@ -79,6 +82,7 @@ private:
     void AddLine(std::u16string_view text, const SScannedLine& line);
     void AddSection(std::u16string_view name, bool mayHoldZero);
     void CloseSection();
+    void DropIndexes();
 
     IFileSystem& m_Files;
     CFileBuffer m_Buffer;
@@ -87,4 +91,5 @@ private:
     SFileInfo m_Info;
     // Built at the first look-up in a file with many sections.
     mutable CSectionIndex m_Index;
+    mutable CSectionTree m_Tree;
 };

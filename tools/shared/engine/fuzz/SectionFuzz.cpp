@@ -40,6 +40,8 @@ void CheckIndex(const CUnicodeFileParse_ReadOnly& parser)
         while (!EqualNames(parser.GetSectionName(first), name))
             ++first;
         Require(parser.FindSection(name) == static_cast<std::ptrdiff_t>(first));
+        const CSectionTree& tree = parser.GetTree();
+        Require(tree.GetSection(tree.Find(name)) == static_cast<std::ptrdiff_t>(first));
     }
 }
 } // namespace

@@ -284,6 +284,59 @@ TEST(SectionFile, IndexAnswersAsAScanDoes)
     EXPECT_GT(largest, 20U);
 }
 
+// Names of points and few letters, asked for with every prefix of every name and with some that are missing.
+TEST(SectionFile, TreeAnswersAsAScanDoes)
+{
+    static constexpr std::u16string_view kPieces[] = {u".", u"..", u"a", u"A", u"ä", u"Ä", u"10", u"1", u"."};
+    std::mt19937 random(19);
+    CMemoryFileSystem files;
+    CUnicodeFileParse_ReadOnly parser(files);
+    for (int round = 0; round < 200; ++round)
+    {
+        std::vector<std::u16string> names(random() % 60);
+        std::u16string text;
+        for (std::u16string& name : names)
+        {
+            for (std::size_t i = random() % 8; i > 0; --i)
+                name += kPieces[random() % std::size(kPieces)];
+            text += u"[" + name + u"]\n";
+        }
+        files.AddText(kFile, text);
+        ASSERT_TRUE(parser.Import(kFile, 0));
+        for (std::size_t section = 0; section < names.size(); ++section)
+        {
+            const CSectionTree& tree = parser.GetTree();
+            const CSectionTree::Node own = tree.GetNodeOfSection(section);
+            ASSERT_EQ(tree.GetSection(own), ScanForSection(parser, names[section]));
+            for (std::size_t length = 0; length <= names[section].size(); ++length)
+            {
+                const std::u16string name = names[section].substr(0, length);
+                const bool below =
+                    std::any_of(names.begin(), names.end(),
+                                [&](const auto& other)
+                                { return EqualNames(other, name) || BeginsWithName(other, name + u"."); });
+                const CSectionTree::Node node = tree.Find(name);
+                ASSERT_EQ(node != CSectionTree::kNone, below);
+                ASSERT_EQ(below ? tree.GetSection(node) : -1, ScanForSection(parser, name));
+            }
+        }
+        if (!names.empty())
+            parser.RemoveSection(0);
+        ASSERT_EQ(parser.GetTree().Find(u"missing"), CSectionTree::kNone);
+    }
+}
+
+TEST(SectionFile, TreeTakesANameFullOfPoints)
+{
+    CMemoryFileSystem files;
+    CUnicodeFileParse_ReadOnly parser(files);
+    const std::u16string name(100'000, u'.');
+    files.AddText(kFile, u"[" + name + u"]\n[" + name + u"a]\n");
+    ASSERT_TRUE(parser.Import(kFile, 0));
+    EXPECT_EQ(parser.GetTree().GetSection(parser.GetTree().Find(name + u"a")), 1);
+    EXPECT_EQ(parser.GetTree().GetSection(parser.GetTree().Find(u"..")), -1);
+}
+
 // What is written is read again as the same, and both parsers agree on it.
 TEST(SectionFile, FormattedTextRoundTrips)
 {
