@@ -11,6 +11,8 @@
 #include "host/Questions.h"
 #include "zrassert.h"
 
+#include <algorithm>
+
 CCorvaneAttrib::CCorvaneAttrib() = default;
 CCorvaneAttrib::~CCorvaneAttrib() = default;
 
@@ -156,6 +158,8 @@ void CCorvaneAttrib::GetHelp(std::size_t, std::u16string& out) const
 
 void CCorvaneAttrib::SetInherit(bool value, bool)
 {
+    if (!value && m_pParentAttrib && m_pParentAttrib->GetInherit())
+        m_pParentAttrib->OnMemberInheritEnd(*this);
     m_bInherit = value;
 }
 
@@ -221,6 +225,30 @@ CCorvaneAttrib* CCorvaneAttrib::GetChildAttributeAt(std::size_t, std::size_t) co
 {
     return nullptr;
 }
+
+CCorvaneAttrib* CCorvaneAttrib::FindChildIn(const CCorvaneAttrib&, const CCorvaneAttrib&) const
+{
+    return nullptr;
+}
+
+CCorvaneAttrib* CCorvaneAttrib::FindCounterpart(const CCorvaneRecord& other) const
+{
+    if (m_pParentAttrib)
+    {
+        const CCorvaneAttrib* enclosing = m_pParentAttrib->FindCounterpart(other);
+        return enclosing ? m_pParentAttrib->FindChildIn(*this, *enclosing) : nullptr;
+    }
+    const auto list = other.GetAttributeList();
+    if (m_nIndex < list.size() && list[m_nIndex]->IsSameAttribute(*this))
+        return list[m_nIndex].Get();
+    const auto same = std::find_if(list.begin(), list.end(),
+                                   [this](const auto& attrib) { return attrib->IsSameAttribute(*this); });
+    return same != list.end() ? same->Get() : nullptr;
+}
+
+void CCorvaneAttrib::OnMemberWrite(CCorvaneAttrib&) {}
+
+void CCorvaneAttrib::OnMemberInheritEnd(CCorvaneAttrib&) {}
 
 void CCorvaneAttrib::SetParentRecord(CCorvaneRecord* record)
 {

@@ -70,8 +70,13 @@ public:
     // A view without data takes the lock away.
     void SetLockUser(std::u16string_view name);
     virtual void GetHelp(std::size_t index, std::u16string& out) const;
-    [[nodiscard]] bool GetInherit() const { return m_bInherit; }
+    // True also for a member of a struct value that inherits as a whole.
+    [[nodiscard]] bool GetInherit() const
+    {
+        return m_bInherit || (m_pParentAttrib != nullptr && m_pParentAttrib->GetInherit());
+    }
     [[nodiscard]] virtual bool GetOverride() const { return m_bOverride; }
+    // Taking a member out of inheritance takes the values that it lies in out of it, as they are shown.
     virtual void SetInherit(bool value, bool recursive);
     // The builds in which this entry is in force. False when the attribute is not in its record's list.
     [[nodiscard]] bool GetBuildRange(SBuildRange& range) const;
@@ -99,6 +104,8 @@ public:
     [[nodiscard]] const CCorvaneValueList& GetOwnValues() const { return m_Values; }
     // Takes over values as they stand, without gate or notification; used while a file is read.
     void ReplaceValues(const CCorvaneValueList& values);
+    // The same with the effective values of `older`, an older entry of this attribute's name.
+    virtual void CopyValuesFrom(const CCorvaneAttrib& older);
 
     // Members of struct values: where `child` stands (-1 for "not mine"), and the member at a place.
     [[nodiscard]] virtual std::ptrdiff_t FindChildAttribute(const CCorvaneAttrib& child,
@@ -106,6 +113,18 @@ public:
     [[nodiscard]] virtual CCorvaneAttrib* GetChildAttribute(std::size_t valueIndex, const CGuid& guid) const;
     [[nodiscard]] virtual CCorvaneAttrib* GetChildAttributeAt(std::size_t valueIndex,
                                                               std::size_t member) const;
+    // The member of `other`, this attribute's counterpart in another record, that stands where `child` stands
+    // here; null when there is none.
+    [[nodiscard]] virtual CCorvaneAttrib* FindChildIn(const CCorvaneAttrib& child,
+                                                      const CCorvaneAttrib& other) const;
+    // The equal attribute of another record, build included: of a record at the same place of its list, of a
+    // struct value in the same row. Null when there is none.
+    [[nodiscard]] CCorvaneAttrib* FindCounterpart(const CCorvaneRecord& other) const;
+    // `child`, a member shown in this attribute's values, is about to be written or leaves inheritance.
+    virtual void OnMemberWrite(CCorvaneAttrib& child);
+    virtual void OnMemberInheritEnd(CCorvaneAttrib& child);
+    // Makes the values that are shown through inheritance the attribute's own; the marks stay as they are.
+    virtual void KeepShownValues();
     virtual void SetParentRecord(CCorvaneRecord* record);
 
     // Reads the attribute from section `section` (an index of the parser) of a record file.
@@ -152,7 +171,7 @@ public:
     [[nodiscard]] bool IsTodo() const { return m_bTodo; }
     [[nodiscard]] bool IsLocked() const { return m_bLocked; }
 
-    void SetAttribData(CCorvaneSchemaAttribData* data);
+    virtual void SetAttribData(CCorvaneSchemaAttribData* data);
     [[nodiscard]] CCorvaneSchemaAttribData* GetAttribData() const { return m_pAttribData.Get(); }
     [[nodiscard]] std::uint32_t GetBuild() const { return m_nBuild; }
     void SetBuild(std::uint32_t build) { m_nBuild = build; }
@@ -195,7 +214,22 @@ protected:
     [[nodiscard]] SExtra& GetExtra();
     [[nodiscard]] const SExtra* FindExtra() const { return m_pExtra.get(); }
     [[nodiscard]] bool IsInheriting() const;
+    // Null for a member whose row the parent record does not have; such a one has its own values.
     [[nodiscard]] CCorvaneAttrib* FindInParentRecord() const;
+    // What every change of a value does first: a member's own values become those that are shown, so that no
+    // other value changes with the one that is written.
+    void BeginWrite();
+    // The values that a change works on, as they will stand after BeginWrite.
+    [[nodiscard]] const CCorvaneValueList& GetWritableValues() const
+    {
+        return m_pParentAttrib ? GetValueList() : m_Values;
+    }
+    // Where a member stands among all members of its struct value; the struct keeps it as a hint.
+    [[nodiscard]] static std::size_t GetPlace(const CCorvaneAttrib& member) { return member.m_nIndex; }
+    static void SetPlace(CCorvaneAttrib& member, std::size_t place)
+    {
+        member.m_nIndex = static_cast<std::uint32_t>(place);
+    }
     void LoadMarks(const CUnicodeFileParse_ReadOnly& parser, std::size_t section);
     [[nodiscard]] bool SaveMarks(IUnicodeFileParse& writer, std::u16string_view section) const;
     [[nodiscard]] bool IsVariableSize() const;

@@ -251,7 +251,7 @@ void CCorvaneAttrib::FillDefaultValues()
 
 bool CCorvaneAttrib::SaveMarks(IUnicodeFileParse& writer, std::u16string_view section) const
 {
-    return writer.WriteBoolean(section, u"Inherit", GetInherit()) &&
+    return writer.WriteBoolean(section, u"Inherit", m_bInherit) &&
            writer.WriteBoolean(section, u"PlaceHolder", m_bPlaceHolder) &&
            writer.WriteBoolean(section, u"Todo", m_bTodo) &&
            writer.WriteBoolean(section, u"Modified", m_bModified) &&

@@ -13,6 +13,28 @@ void CCorvaneAttrib::ReplaceValues(const CCorvaneValueList& values)
     OnOwnValuesChanged();
 }
 
+void CCorvaneAttrib::CopyValuesFrom(const CCorvaneAttrib& older)
+{
+    // A struct has no texts that another type could take.
+    if (older.m_pAttribData && older.m_pAttribData->GetMemberStore() == nullptr)
+        ReplaceValues(CCorvaneValueList(older.GetValueList()));
+}
+
+void CCorvaneAttrib::KeepShownValues()
+{
+    if (IsInheriting())
+        ReplaceValues(CCorvaneValueList(GetValueList()));
+}
+
+void CCorvaneAttrib::BeginWrite()
+{
+    if (!m_pParentAttrib)
+        return;
+    m_pParentAttrib->OnMemberWrite(*this);
+    KeepShownValues();
+    m_bInherit = false;
+}
+
 bool CCorvaneAttrib::IsVariableSize() const
 {
     return m_pAttribData && m_pAttribData->GetValues() == kVariableValues;
@@ -20,11 +42,13 @@ bool CCorvaneAttrib::IsVariableSize() const
 
 bool CCorvaneAttrib::IsInheriting() const
 {
-    return m_bInherit && m_pParentRecord && m_pParentRecord->GetParent() != nullptr;
+    return GetInherit() && m_pParentRecord && m_pParentRecord->GetParent() != nullptr;
 }
 
 CCorvaneAttrib* CCorvaneAttrib::FindInParentRecord() const
 {
+    if (m_pParentAttrib)
+        return FindCounterpart(*m_pParentRecord->GetParent());
     CCorvaneAttrib* symmetric = nullptr;
     if (m_pParentRecord->GetManager().FindSymmetricAttribute(m_pParentRecord.Get(), this,
                                                              m_pParentRecord->GetParent(), symmetric))
@@ -38,6 +62,16 @@ const CCorvaneValueList& CCorvaneAttrib::GetValueList() const
     const CCorvaneAttrib* current = this;
     if (!current->IsInheriting())
         return m_Values;
+    if (m_pParentAttrib)
+    {
+        const CCorvaneAttrib* above = FindInParentRecord();
+        while (above != nullptr)
+        {
+            current = above;
+            above = current->IsInheriting() ? current->FindInParentRecord() : nullptr;
+        }
+        return current->m_Values;
+    }
     const std::ptrdiff_t found = GetIndexInRecord();
     if (found < 0)
         return m_Values;
@@ -63,8 +97,10 @@ std::u16string_view CCorvaneAttrib::GetValue(std::size_t index) const
     if (IsInheriting())
     {
         source = FindInParentRecord();
-        if (source == nullptr)
+        if (source == nullptr && m_pParentAttrib == nullptr)
             return {};
+        if (source == nullptr)
+            source = this;
     }
     const CCorvaneValueList& values = source == this ? m_Values : source->GetValueList();
     if (index < values.GetCount())
@@ -82,9 +118,12 @@ bool CCorvaneAttrib::IsValueSet(std::size_t index) const
     const CCorvaneAttrib* current = this;
     while (current->IsInheriting())
     {
-        current = current->FindInParentRecord();
-        if (current == nullptr)
+        const CCorvaneAttrib* above = current->FindInParentRecord();
+        if (above == nullptr && current->m_pParentAttrib == nullptr)
             return false;
+        if (above == nullptr)
+            break;
+        current = above;
     }
     return index < current->m_Values.GetCount() && !current->m_Values.Get(index).empty();
 }
@@ -96,13 +135,14 @@ bool CCorvaneAttrib::IsValueValid(std::u16string_view) const
 
 bool CCorvaneAttrib::AddValue(std::u16string_view text)
 {
-    return InsertValue(m_Values.GetCount(), text);
+    return InsertValue(GetWritableValues().GetCount(), text);
 }
 
 bool CCorvaneAttrib::InsertValue(std::size_t index, std::u16string_view text)
 {
-    if (!IsVariableSize() || index > m_Values.GetCount())
+    if (!IsVariableSize() || index > GetWritableValues().GetCount())
         return false;
+    BeginWrite();
     if (CCorvaneMgr* manager = GetManager())
         manager->MarkAttributeAsModified(this);
     m_Values.Insert(index, text);
@@ -119,8 +159,9 @@ bool CCorvaneAttrib::SetValue(std::size_t index, std::u16string_view text)
 
 bool CCorvaneAttrib::ApplySetValue(std::size_t index, std::u16string_view text)
 {
-    if (index >= m_Values.GetCount())
+    if (index >= GetWritableValues().GetCount())
         return false;
+    BeginWrite();
     if (m_pParentRecord && m_pParentRecord->GetParent())
         SetInherit(false, false); // A written value ends inheritance.
     m_Values.Set(index, text);
@@ -136,8 +177,9 @@ bool CCorvaneAttrib::ApplySetValue(std::size_t index, std::u16string_view text)
 
 bool CCorvaneAttrib::RemoveValue(std::size_t index)
 {
-    if (!IsVariableSize() || index >= m_Values.GetCount())
+    if (!IsVariableSize() || index >= GetWritableValues().GetCount())
         return false;
+    BeginWrite();
     if (CCorvaneMgr* manager = GetManager())
         manager->MarkAttributeAsModified(this);
     m_Values.Remove(index);
@@ -147,16 +189,16 @@ bool CCorvaneAttrib::RemoveValue(std::size_t index)
 
 bool CCorvaneAttrib::MoveValueUp(std::size_t index)
 {
-    if (index == 0 || index >= m_Values.GetCount())
+    if (index == 0 || index >= GetWritableValues().GetCount())
         return false;
-    const std::u16string text(m_Values.Get(index));
+    const std::u16string text(GetWritableValues().Get(index));
     return RemoveValue(index) && InsertValue(index - 1, text);
 }
 
 bool CCorvaneAttrib::MoveValueDown(std::size_t index)
 {
-    if (index + 1 >= m_Values.GetCount())
+    if (index + 1 >= GetWritableValues().GetCount())
         return false;
-    const std::u16string text(m_Values.Get(index));
+    const std::u16string text(GetWritableValues().Get(index));
     return RemoveValue(index) && InsertValue(index + 1, text);
 }

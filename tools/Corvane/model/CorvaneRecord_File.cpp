@@ -21,7 +21,7 @@ class CRecordSections
 public:
     // `layout` may be null.
     CRecordSections(const CUnicodeFileParse_ReadOnly& parser, const CRecordLayout* layout)
-        : m_Parser(parser), m_nFirst(layout ? layout->Match(parser) : -1)
+        : m_Parser(parser), m_nFirst(layout ? layout->Match(parser, m_Places) : -1)
     {
     }
 
@@ -40,8 +40,10 @@ public:
     [[nodiscard]] std::ptrdiff_t Find(const CCorvaneAttrib& attrib, std::size_t index) const
     {
         const CCorvaneSchemaAttribData* data = attrib.GetAttribData();
-        if (m_nFirst > 0 || data == nullptr)
-            return data ? m_nFirst + static_cast<std::ptrdiff_t>(index) : -1;
+        if (data == nullptr)
+            return -1;
+        if (m_nFirst > 0)
+            return m_Places.empty() ? m_nFirst + static_cast<std::ptrdiff_t>(index) : m_Places[index];
         const auto& byBuild = data->GetBuildSection();
         const std::ptrdiff_t found = m_Parser.FindSection(byBuild.m_sName, byBuild.m_nHash);
         if (found >= 0 || data->GetBuild() != 0)
@@ -58,6 +60,7 @@ private:
     }
 
     const CUnicodeFileParse_ReadOnly& m_Parser;
+    std::vector<std::uint32_t> m_Places; // See CRecordLayout::Match.
     std::ptrdiff_t m_nFirst; // Section of the first attribute, or -1 for a file that is read by name.
 };
 
@@ -119,7 +122,7 @@ bool CopyValuesFromOlderBuild(CCorvaneAttrib& attrib)
     const auto list = attrib.GetParentRecord()->GetAttributeList();
     const auto next = static_cast<std::size_t>(index) + 1;
     if (next < list.size() && EqualNames(list[next]->GetName(), attrib.GetName()))
-        attrib.ReplaceValues(list[next]->GetValueList());
+        attrib.CopyValuesFrom(*list[next]);
     return true;
 }
 
@@ -151,8 +154,15 @@ bool CCorvaneRecord::ReloadFromFile()
 
     for (const CRef<CCorvaneAttrib>& attrib : m_Attribs)
     {
-        const std::ptrdiff_t section = parser.FindSection(u"Attrib." + attrib->GetName());
-        if (section >= 0 && attrib->GetBuild() == 0)
+        if (attrib->GetBuild() != 0)
+            continue;
+        // A struct's own section carries the build also where it is 0.
+        std::u16string name;
+        attrib->GetSectionName(name, {});
+        std::ptrdiff_t section = parser.FindSection(name);
+        if (section < 0)
+            section = parser.FindSection(u"Attrib." + attrib->GetName());
+        if (section >= 0)
             attrib->LoadFromFile(*this, nullptr, parser, static_cast<std::size_t>(section));
     }
     return true;

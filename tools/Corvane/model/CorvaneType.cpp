@@ -46,6 +46,7 @@ bool CCorvaneType::AddValue(std::u16string_view text)
     // A refused change leaves no mark and no restore point.
     if (!IsVariableSize() || !PrepareForEdit())
         return false;
+    BeginWrite();
     RecordValueChange(*this, GetOwnValues().GetCount(), true);
     if (CCorvaneRecord* record = GetOwnerRecord())
         record->SetModified(true);
@@ -54,7 +55,7 @@ bool CCorvaneType::AddValue(std::u16string_view text)
 
 bool CCorvaneType::SetValue(std::size_t index, std::u16string_view text)
 {
-    if (index >= GetOwnValues().GetCount() || !PrepareForEdit())
+    if (index >= GetWritableValues().GetCount() || !PrepareForEdit())
         return false;
     RecordValueChange(*this, index, false);
     if (CCorvaneRecord* record = GetOwnerRecord())
@@ -64,7 +65,7 @@ bool CCorvaneType::SetValue(std::size_t index, std::u16string_view text)
 
 bool CCorvaneType::RemoveValue(std::size_t index)
 {
-    if (!IsVariableSize() || index >= GetOwnValues().GetCount() || !PrepareForEdit())
+    if (!IsVariableSize() || index >= GetWritableValues().GetCount() || !PrepareForEdit())
         return false;
     if (CCorvaneRecord* record = GetOwnerRecord())
         record->SetModified(true);
