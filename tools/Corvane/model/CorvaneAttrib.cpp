@@ -226,6 +226,11 @@ CCorvaneAttrib* CCorvaneAttrib::GetChildAttributeAt(std::size_t, std::size_t) co
     return nullptr;
 }
 
+bool CCorvaneAttrib::IsMemberShown(const CCorvaneAttrib&) const
+{
+    return false;
+}
+
 CCorvaneAttrib* CCorvaneAttrib::FindChildIn(const CCorvaneAttrib&, const CCorvaneAttrib&) const
 {
     return nullptr;

@@ -113,6 +113,8 @@ public:
     [[nodiscard]] virtual CCorvaneAttrib* GetChildAttribute(std::size_t valueIndex, const CGuid& guid) const;
     [[nodiscard]] virtual CCorvaneAttrib* GetChildAttributeAt(std::size_t valueIndex,
                                                               std::size_t member) const;
+    // Whether `child` lies in a row that is in force, and not in one that inheritance hides.
+    [[nodiscard]] virtual bool IsMemberShown(const CCorvaneAttrib& child) const;
     // The member of `other`, this attribute's counterpart in another record, that stands where `child` stands
     // here; null when there is none.
     [[nodiscard]] virtual CCorvaneAttrib* FindChildIn(const CCorvaneAttrib& child,

@@ -39,8 +39,7 @@ bool CCorvaneTypeRecordLink::IsShown() const
     for (const CCorvaneAttrib* parent = GetParentAttrib(); parent != nullptr;
          parent = parent->GetParentAttrib())
     {
-        std::ptrdiff_t row = -1;
-        if (parent->FindChildAttribute(*attrib, row) < 0)
+        if (!parent->IsMemberShown(*attrib))
             return false;
         attrib = parent;
     }

@@ -179,20 +179,23 @@ void CRecordLinkList::AddInheriting(const CCorvaneTypeRecordLink& from,
     const CCorvaneRecord* record = from.GetOwnerRecord();
     if (record == nullptr || record->GetReferencees().empty() || !from.IsShown())
         return;
+    const auto take = [&](const CCorvaneAttrib* attrib)
+    {
+        const CCorvaneTypeRecordLink* link = attrib && MayInherit(*attrib) ? AsLink(attrib) : nullptr;
+        if (link && found.insert(link->m_nSlot).second)
+            open.push_back(link);
+    };
     for (const CRef<CCorvaneRecord>& child : record->GetReferencees())
     {
         CCorvaneAttrib* symmetric = nullptr;
-        if (!m_Manager.FindSymmetricAttribute(record, &from, child.Get(), symmetric))
-            continue;
         // Entries for several builds share the identity by which a child finds its value, so that one that
         // the parent lacks shows another's.
-        for (const CCorvaneAttrib* attrib = &FindFirstBuild(*symmetric); attrib != nullptr;
+        const bool isFound = m_Manager.FindSymmetricAttribute(record, &from, child.Get(), symmetric);
+        for (const CCorvaneAttrib* attrib = isFound ? &FindFirstBuild(*symmetric) : nullptr; attrib != nullptr;
              attrib = FindOtherBuild(*attrib, 1))
-        {
-            const CCorvaneTypeRecordLink* link = MayInherit(*attrib) ? AsLink(attrib) : nullptr;
-            if (link && found.insert(link->m_nSlot).second)
-                open.push_back(link);
-        }
+            take(attrib);
+        // A struct that stands for several builds is found by its own.
+        take(from.FindCounterpart(*child));
     }
 }
 
