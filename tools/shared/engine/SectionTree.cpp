@@ -123,7 +123,7 @@ CSectionTree::Node CSectionTree::Find(std::u16string_view name) const
 
 CSectionTree::Node CSectionTree::FindChild(Node parent, std::u16string_view element) const
 {
-    if (parent == kNone)
+    if (parent == kNone || m_Nodes[parent].m_nFirstChild == kNone)
         return kNone;
     return m_Slots[FindSlot(parent, element, HashChild(parent, element))];
 }

@@ -23,8 +23,9 @@ constexpr std::u16string_view kAllWords[] = {u"Text",    u"Memo",    u"Boolean",
                                              u"Vector2", u"Vector3", u"Vector4", u"File",       u"Sound",
                                              u"Enum",    u"Range",   u"Time",    u"RecordLink", u"Color",
                                              u"Flags",   u"Effect",  u"Struct",  u"StringID"};
-// Words without a folder yet; a word leaves this table when its type arrives.
-constexpr std::u16string_view kMissingWords[] = {u"Struct"};
+// A struct holds rows of other attributes and no text of its own; what is asked here of texts is asked there
+// of a member of each type.
+constexpr std::u16string_view kWordWithoutTexts = u"Struct";
 
 // A schema's Data line and three values that fit it, for a type that does not take any text.
 struct SSample
@@ -56,9 +57,11 @@ std::vector<std::u16string> GetRegisteredWords()
     return words;
 }
 
-bool IsMissing(std::u16string_view word)
+std::vector<std::u16string> GetWordsOfTexts()
 {
-    return std::find(std::begin(kMissingWords), std::end(kMissingWords), word) != std::end(kMissingWords);
+    std::vector<std::u16string> words = GetRegisteredWords();
+    std::erase(words, kWordWithoutTexts);
+    return words;
 }
 
 // The setter that fits a value type code.
@@ -107,14 +110,8 @@ protected:
 
 TEST(TypeRegistry, HoldsEachWordOnceInTheOrderOfTheList)
 {
-    std::vector<std::u16string> expected;
-    for (const std::u16string_view word : kAllWords)
-    {
-        if (!IsMissing(word))
-            expected.emplace_back(word);
-    }
-    EXPECT_EQ(GetRegisteredWords(), expected);
-    EXPECT_EQ(expected.size() + std::size(kMissingWords), std::size(kAllWords));
+    EXPECT_EQ(GetRegisteredWords(), std::vector<std::u16string>(std::begin(kAllWords), std::end(kAllWords)));
+    EXPECT_EQ(GetWordsOfTexts().size(), std::size(kAllWords) - 1);
 }
 
 TEST(TypeRegistry, EachTypeHasItsOwnIdentityAndAnyLetterCase)
@@ -295,5 +292,5 @@ TEST_P(TypeConformance, EachRefusalEndsTheOverrideOutput)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Types, TypeConformance, testing::ValuesIn(GetRegisteredWords()),
+INSTANTIATE_TEST_SUITE_P(Types, TypeConformance, testing::ValuesIn(GetWordsOfTexts()),
                          [](const auto& entry) { return ToNarrow(entry.param); });
