@@ -24,7 +24,7 @@ log=$PWD/build/release/outpost-validation.log
 # pack BUILD FILE
 pack() {
   local status=0
-  "$bin/corvane" -Pack -BuildNumber "$1" -Output "$2" -Log "$log" "$root" </dev/null || status=$?
+  "$bin/corvane" -Pack -BuildNumber "$1" -Output "$2" -Log "$log" "$root" </dev/null >&2 || status=$?
   [ "$status" -eq 0 ] || die "Packing the sample for build $1 ended with status $status; the findings are in $log."
   printf '\nBuild %s: %s\n\n' "$1" "$2"
   "$bin/gamedb-dump" --summary "$2"
@@ -33,8 +33,8 @@ pack() {
 # What came (+), went (-) or changed its type (~) between two packs.
 show_differences() {
   printf '\nFrom build %s to build %s\n\n' "$1" "$3"
-  join -a 1 -a 2 -e . -o 0,1.2,2.2 \
-    <("$bin/gamedb-dump" --attributes "$2" | LC_ALL=C sort) <("$bin/gamedb-dump" --attributes "$4" | LC_ALL=C sort) |
+  LC_ALL=C join -a 1 -a 2 -e . -o 0,1.2,2.2 \
+    <("$bin/gamedb-dump" --attributes "$2") <("$bin/gamedb-dump" --attributes "$4") |
     awk '$2 == "."  { printf "  + %-36s %s\n", $1, $3; next }
          $3 == "."  { printf "  - %-36s %s\n", $1, $2; next }
          $2 != $3   { printf "  ~ %-36s %s -> %s\n", $1, $2, $3 }'

@@ -130,6 +130,16 @@ TEST_F(CPackSample, DeferredAttributesTellTheBuildsApart)
          "AmmoItem",
          {"-> Rifle Rounds", "-> Rifle Rounds | -> Match Rifle Rounds",
           "-> Rifle Rounds | -> Match Rifle Rounds"}},
+        {"Waves/Campaign/Night 2",
+         "EnemyPool",
+         {"-> Shambler | -> Runner | -> Stray Dog", "rows 3", "rows 3"}},
+        {"Waves/Campaign/Night 2", "EnemyPool.2.Enemy", {"", "-> Stray Dog", "-> Stray Dog"}},
+        {"Structures/Walls/Gate", "BuildCost", {"14 | 16 | 0 | 2", "rows 3", "rows 3"}},
+        {"Structures/Walls/Gate", "BuildCost.2.Material", {"", "-> Copper Wire", "-> Copper Wire"}},
+        {"Actors/Enemies/Hollow/Frost Runner", "HitZones.0.Severs", {"", "yes", "yes"}},
+        {"World/Objectives/Story/Step 5", "RewardItems.0.Condition", {"", "\"Good\"", "\"Good\""}},
+        {"Items/Ammunition/Arrow", "Recipes.1.Power", {"", "", "yes"}},
+        {"Items/Ammunition/Arrow", "Recipes.1.Costs.1.Amount", {"2", "2", "2"}},
     };
     std::vector<CGameDatabase> databases;
     for (const char* build : {"7", "10", "20"})

@@ -1,6 +1,7 @@
 // The sample game's whole database: loads without a word, counts as its makers count it, and a forced save
 // leaves every byte.
 #include "CorvaneType.h"
+#include "CustomFile.h"
 #include "TestDatabase.h"
 #include "Unicode.h"
 
@@ -43,8 +44,8 @@ TEST_F(Sample, LoadsWholeAndCounts)
     EXPECT_EQ(GetTitles(), "");
     EXPECT_EQ(Get().GetSchemas().size(), 15U);
     EXPECT_EQ((std::vector<std::size_t>{systems, virtuals, records, attributes}),
-              (std::vector<std::size_t>{30, 26, 230, 5633}));
-    const std::map<std::uint32_t, std::size_t> expected{{0, 4772}, {7, 4819}, {10, 4974}, {20, 4722}};
+              (std::vector<std::size_t>{30, 26, 230, 5822}));
+    const std::map<std::uint32_t, std::size_t> expected{{0, 4895}, {7, 4942}, {10, 5097}, {20, 4845}};
     EXPECT_EQ(available, expected);
     std::size_t depth = 0;
     for (const CCorvaneRecord* record = &Record("World/Objectives/Story/Step 6"); record != nullptr;
@@ -60,6 +61,15 @@ TEST_F(Sample, AForcedSaveLeavesEveryByte)
     const Snapshot before = TakeSnapshot();
     ASSERT_GT(before.size(), 270U);
     EXPECT_TRUE(Get().SaveDatabase({}, true));
+    std::size_t structs = 0;
+    Get().EnumerateCustomFiles(
+        [&](ICorvaneCustomFile& file)
+        {
+            file.SetModified(true);
+            EXPECT_TRUE(file.Save());
+            ++structs;
+        });
+    EXPECT_EQ(structs, 5U);
     EXPECT_EQ(GetChanges(before), "");
     EXPECT_EQ(GetTitles(), "");
 }
