@@ -35,7 +35,6 @@ bool CCorvaneTypeStruct::Init(std::u16string_view defaultText, CCorvaneSchemaAtt
 {
     SetBuild(data.GetBuild());
     SetAttribData(&data);
-    SetDefaultRows();
     return CCorvaneAttrib::Init(defaultText, data);
 }
 

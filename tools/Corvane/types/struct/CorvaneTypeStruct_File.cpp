@@ -84,7 +84,8 @@ void CCorvaneTypeStruct::LoadRows(CCorvaneRecord& record, CCorvaneAttrib* parent
     SetRowCounts(m_nOwnRows, 0);
     CChildCursor cursor(parser.GetTree(), rows);
     std::size_t row = 0;
-    for (Node node = cursor.Find(u"0"); node != CSectionTree::kNone; node = cursor.Find(FormatInteger(row)))
+    for (Node node = cursor.Find(u"0"); node != CSectionTree::kNone;
+         node = cursor.Find(FormatInteger(static_cast<std::int64_t>(row))))
     {
         if (row == m_nOwnRows)
             SetRowCounts(row + 1, 0);

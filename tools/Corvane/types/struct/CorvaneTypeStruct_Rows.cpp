@@ -77,7 +77,8 @@ void CCorvaneTypeStruct::SetRowCounts(std::size_t own, std::size_t inherited)
     m_nInheritedRows = static_cast<std::uint32_t>(inherited);
     if (before == 0 && GetStructFile())
         m_nStride = static_cast<std::uint32_t>(GetStructFile()->GetMembers().size());
-    m_Members.reserve(after * m_nStride);
+    if (after > before + 1) // A load appends row by row.
+        m_Members.reserve(after * m_nStride);
     for (std::size_t row = before; row < after; ++row)
     {
         Row added = MakeRow();
@@ -361,6 +362,12 @@ void CCorvaneTypeStruct::Synchronize()
     if (file == nullptr)
     {
         SetRowCounts(0, 0);
+        return;
+    }
+    // What is its own default holds no values but those.
+    if (GetDefault() == this)
+    {
+        SetDefaultRows();
         return;
     }
     const auto members = file->GetMembers();
