@@ -207,7 +207,7 @@ bool CCorvaneMgr::FindSymmetricAttribute(const CCorvaneRecord* pRecordFrom, cons
     if (pRecordFrom == nullptr || pAttribFrom == nullptr || pRecordTo == nullptr)
         return false;
 
-    std::vector<std::pair<CGuid, std::size_t>> path;
+    std::vector<const CCorvaneAttrib*> path;
     const CCorvaneAttrib* attrib = pAttribFrom;
     for (const CCorvaneAttrib* parent = attrib->GetParentAttrib(); parent != nullptr;
          parent = parent->GetParentAttrib())
@@ -218,12 +218,12 @@ bool CCorvaneMgr::FindSymmetricAttribute(const CCorvaneRecord* pRecordFrom, cons
         ZRASSERT(idxAttrib != -1);
         if (idxValue == -1 || idxAttrib == -1)
             return false;
-        path.emplace_back(attrib->GetGuid(), static_cast<std::size_t>(idxValue));
+        path.push_back(attrib);
         attrib = parent;
     }
     CCorvaneAttrib* found = FindByGuid(pRecordTo->GetAttributeList(), *attrib);
     for (auto step = path.rbegin(); found != nullptr && step != path.rend(); ++step)
-        found = found->GetChildAttribute(step->second, step->first);
+        found = (*step)->GetParentAttrib()->FindChildIn(**step, *found);
     if (found == nullptr)
         return false;
     out = found;
