@@ -66,7 +66,7 @@ std::string Load(CTestDatabase& database)
     {
         CRecordingSink sink;
         attrib->Validate(&sink);
-        findings += ToNarrow(attrib->GetName()) + ":\n" + sink.m_sErrors;
+        findings += ToNarrow(attrib->GetName()) + ":\n" + sink.m_sLines;
     }
     return findings + database.GetTitles();
 }

@@ -1,11 +1,12 @@
-// One attribute of one type: a schema "Thing" with the attribute "Value", and one record of it.
+// One attribute of one type: a schema "Thing" with the attribute "Value", a record of it, and another one
+// that inherits from that.
 #pragma once
 
 #include "CorvaneType.h"
+#include "DependencySink.h"
 #include "TestDatabase.h"
 #include "ValidationSink.h"
 
-#include <initializer_list>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -15,36 +16,36 @@ class CTestAttribute : public CTestDatabase
 public:
     // `keys` are lines of the attribute's schema section, such as u"Data=min=5". A type that the schema
     // does not take fails the test and ends in an exception.
-    CTestAttribute(std::u16string_view type, std::initializer_list<std::u16string_view> keys);
-    ~CTestAttribute();
+    CTestAttribute(std::u16string_view type, const std::vector<std::u16string>& keys);
 
     template <class T = CCorvaneType> [[nodiscard]] T& Get()
     {
         return dynamic_cast<T&>(Attrib("All/One", "Value"));
     }
+    [[nodiscard]] CCorvaneType& GetChild() { return Attrib("All/Two", "Value"); }
     [[nodiscard]] CCorvaneType& GetTemplate();
-    // The same attribute in a new record that inherits from this one.
-    [[nodiscard]] CCorvaneType& AddChild();
+    // Sets the values one by one from the first; a list of any length grows.
+    void Set(const std::vector<std::u16string>& values);
     // Compiles the attribute and writes it to the override output; each call of the libraries on a line.
     [[nodiscard]] std::string GetOutputs();
     // What SaveToDependency reports, each as "source resource kind" on a line.
     [[nodiscard]] std::string GetDependencies();
-    // Sets the values one by one and returns what a validation finds, each finding on a line.
-    [[nodiscard]] std::string Check(std::initializer_list<std::u16string_view> values);
-    // What was told about the schema's default, oldest first.
-    [[nodiscard]] std::vector<std::u16string> GetDefaultMessages() const;
-
-private:
-    std::vector<CRef<CCorvaneRecord>> m_Children;
+    // What a validation finds, each finding on a line.
+    [[nodiscard]] std::string Check();
 };
 
-// Keeps findings as lines "<severity> <type> <value index>: <description>".
-class CRecordingSink final : public IValidationSink
+// The values as they show, separated by '|'.
+[[nodiscard]] std::string ShowValues(const CCorvaneAttrib& attrib);
+
+// Keeps findings as lines "<severity> <type> <value index>: <description>", and dependencies as lines.
+class CRecordingSink final : public IValidationSink, public IDependencySink
 {
 public:
     void AddError(ESeverity severity, std::u16string_view type, std::u16string_view description,
                   CCorvaneAttrib*, std::size_t valueIndex) override;
+    void AddDependency(std::u16string_view source, std::u16string_view resource,
+                       std::u16string_view kind) override;
     [[nodiscard]] std::uint32_t GetBuild() const override { return 0; }
 
-    std::string m_sErrors;
+    std::string m_sLines;
 };

@@ -130,118 +130,81 @@ TEST_F(CLinkTest, ValuesNameRecordsAndAreCheckedAgainstTheSchema)
     WriteSchemas("", "private Weapon;Item");
     ASSERT_TRUE(m_Test.Schema("Weapon").ReloadFromFile());
     m_Test.m_Gate.m_pDeletePending = &m_Test.Record("Foods/One");
-    struct SCase
+    // The value, its record's display path and name as they show, and its findings.
+    std::string lines;
+    const auto tell = [&](std::u16string_view value)
     {
-        std::string_view m_sValue;
-        std::string_view m_sRecord; // Display path; empty for none.
-        std::string_view m_sErrors;
-    };
-    const SCase cases[] = {
-        {"", "", ""},
-        {"<NONE>", "", ""},
-        {"weapons/ONE", "Weapons/One", ""},
-        {"Items/One", "Items/One", ""}, // A link to itself is as good as any.
-        {"Weapons/Gone", "", "Invalid record '%s'"},
-        {"One", "", "Invalid record '%s'"},
-        {"Pistols/Two", "Pistols/Small/Old/Two",
-         "Invalid record '%s'.  The record is of an invalid schema type."},
-        {"Pistols/Small/Old/Two", "Pistols/Small/Old/Two",
-         "Invalid record '%s'.  The record is of an invalid schema type."},
-        {"Foods/One", "Foods/One",
-         "Invalid record '%s'|Invalid record '%s'.  The record is of an invalid schema type."},
-    };
-    for (const SCase& entry : cases)
-    {
-        ASSERT_TRUE(Link().SetValue(0, ToWide(entry.m_sValue)));
+        ASSERT_TRUE(Link().SetValue(0, value));
         std::u16string path, name;
-        const CCorvaneRecord* record = Link().GetRecord(0);
-        if (record)
+        if (const CCorvaneRecord* record = Link().GetRecord(0))
             m_Test.Get().GetRecordDisplayPath(record, path);
-        EXPECT_EQ(ToNarrow(path), entry.m_sRecord);
         Link().GetRecordName(0, name);
-        EXPECT_EQ(ToNarrow(name), record ? entry.m_sValue : "<none>");
-        EXPECT_EQ(Link().GetValue(0), entry.m_sValue.empty() ? u"<none>" : ToWide(entry.m_sValue));
-
-        std::string expected = entry.m_sErrors.empty() ? "" : std::string(entry.m_sErrors) + "\n";
-        for (std::size_t at; (at = expected.find('|')) != std::string::npos;)
-            expected[at] = '\n';
-        for (std::size_t at = 0; (at = expected.find("Invalid record", at)) != std::string::npos; at += 30)
-            expected.insert(at, "1 Invalid Record Link 0: ");
-        for (std::size_t at; (at = expected.find("%s")) != std::string::npos;)
-            expected.replace(at, 2, entry.m_sValue);
         CRecordingSink sink;
-        EXPECT_EQ(Link().Validate(&sink), expected.empty()) << entry.m_sValue;
-        EXPECT_EQ(sink.m_sErrors, expected);
-    }
-}
-
-TEST_F(CLinkTest, ARecordWithoutASchemaIsReported)
-{
-    Open("Weapon");
-    ASSERT_TRUE(Link().SetValue(0, u"Weapons/One"));
+        const bool isValid = Link().Validate(&sink);
+        EXPECT_EQ(isValid, sink.m_sLines.empty());
+        lines += ShowValues(Link()) + "|" + ToNarrow(path) + "|" + ToNarrow(name) + "\n" + sink.m_sLines;
+    };
+    for (const std::u16string_view value : {u"", u"<NONE>", u"weapons/ONE", u"Items/One", u"Weapons/Gone",
+                                            u"One", u"Pistols/Two", u"Pistols/Small/Old/Two", u"Foods/One"})
+        tell(value);
     CCorvaneRecord& target = m_Test.Record("Weapons/One");
     const CRef<CCorvaneCategory> category(target.GetCategory());
     ASSERT_TRUE(target.SetCategory(nullptr, true));
-    CRecordingSink sink;
-    EXPECT_FALSE(Link().Validate(&sink));
-    EXPECT_EQ(sink.m_sErrors,
-              "1 Invalid Record Link 0: Invalid record 'Weapons/One'.  The record has an invalid "
-              "parent category or schema.\n");
+    tell(u"Weapons/One");
     ASSERT_TRUE(target.SetCategory(category.Get(), true));
-}
-
-TEST(RecordLink, OutputsTellPathsAndHandles)
-{
-    CTestAttribute test(u"RecordLink", {u"Values=3", u"Data=Thing", u"Help=Who"});
-    CCorvaneType& link = test.Get();
-    ASSERT_TRUE(link.SetValue(0, u"all/one"));
-    ASSERT_TRUE(link.SetValue(1, u"All/Gone"));
-    // Outside a compile no record has a handle; a value that finds nothing makes no call.
-    EXPECT_EQ(test.GetOutputs(), "CreateAttribute 7 Value 9 0 3\nSetRecordLink 42 0 0\n"
-                                 "CreateAttribute 9 Who 9 Value Thing RecordLink 1 3\nSetText 42 All/One\n"
-                                 "SetText 42 All/Gone\nSetText 42 <none>\n");
-    EXPECT_EQ(test.GetDependencies(), "All/One All/One Record\nAll/One All/Gone Record\n");
+    EXPECT_EQ(lines, R"(<none>||<none>
+<NONE>||<none>
+weapons/ONE|Weapons/One|weapons/ONE
+Items/One|Items/One|Items/One
+Weapons/Gone||<none>
+1 Invalid Record Link 0: Invalid record 'Weapons/Gone'
+One||<none>
+1 Invalid Record Link 0: Invalid record 'One'
+Pistols/Two|Pistols/Small/Old/Two|Pistols/Two
+1 Invalid Record Link 0: Invalid record 'Pistols/Two'.  The record is of an invalid schema type.
+Pistols/Small/Old/Two|Pistols/Small/Old/Two|Pistols/Small/Old/Two
+1 Invalid Record Link 0: Invalid record 'Pistols/Small/Old/Two'.  The record is of an invalid schema type.
+Foods/One|Foods/One|Foods/One
+1 Invalid Record Link 0: Invalid record 'Foods/One'
+1 Invalid Record Link 0: Invalid record 'Foods/One'.  The record is of an invalid schema type.
+Weapons/One|One|Weapons/One
+1 Invalid Record Link 0: Invalid record 'Weapons/One'.  The record has an invalid parent category or schema.
+)");
 }
 
 TEST_F(CLinkTest, TheLastRecordsOfAnAttributeAreKept)
 {
     Open("Item");
     const CRecordLinkMru mru(&Link());
-    const auto load = [&](const CRecordLinkMru& list)
+    std::string lists;
+    const auto tell = [&](const CRecordLinkMru& list)
     {
-        std::string paths;
         for (const std::u16string& path : list.Load())
-            paths += ToNarrow(path) + " ";
-        return paths;
+            lists += ToNarrow(path) + " ";
+        lists += "\n";
     };
-    const std::pair<const char16_t*, const char*> steps[] = {
-        {u"Items/One", "Items/One "},
-        {u"items/one", "items/one "},
-        {u"Weapons/One", "Weapons/One items/one "},
-        {u"Foods/One", "Foods/One Weapons/One items/one "},
-        {u"Weapons/One", "Weapons/One Foods/One items/one "},
-        {u"Foods/Gone", "Weapons/One Foods/One items/one "},
-        {u"Pistols/One", "Pistols/One Weapons/One Foods/One "},
-    };
-    for (const auto& [path, expected] : steps)
+    for (const std::u16string_view path : {u"Items/One", u"items/one", u"Weapons/One", u"Foods/One",
+                                           u"Weapons/One", u"Foods/Gone", u"Pistols/One"})
     {
         mru.Save(path);
-        EXPECT_EQ(load(mru), expected);
+        tell(mru);
     }
+    EXPECT_EQ(lists, "Items/One \nitems/one \nWeapons/One items/one \nFoods/One Weapons/One items/one \n"
+                     "Weapons/One Foods/One items/one \nWeapons/One Foods/One items/one \n"
+                     "Pistols/One Weapons/One Foods/One \n");
     EXPECT_NE(m_Test.GetPerUserFile().find("[RecordLinkMRU]\nItem@Link_0=Pistols/One\n"
                                            "Item@Link_1=Foods/Gone\nItem@Link_2=Weapons/One\n"
                                            "Item@Link_3=Foods/One\n"),
               std::string::npos)
         << m_Test.GetPerUserFile();
     // A record of a derived schema has a list of its own; the template's record is in no category.
-    EXPECT_EQ(
-        load(CRecordLinkMru(&static_cast<CCorvaneTypeRecordLink&>(m_Test.Attrib("Weapons/One", "Link")))),
-        "");
+    lists.clear();
+    tell(CRecordLinkMru(&dynamic_cast<CCorvaneTypeRecordLink&>(m_Test.Attrib("Weapons/One", "Link"))));
     m_Test.m_nExpectedAsserts = 2;
     CRecordLinkMru(nullptr).Save(u"Items/One");
-    EXPECT_EQ(load(CRecordLinkMru(static_cast<CCorvaneTypeRecordLink*>(
-                  m_Test.Schema("Item").GetTemplate()->GetAttributeList()[0].Get()))),
-              "");
+    tell(CRecordLinkMru(dynamic_cast<CCorvaneTypeRecordLink*>(
+        m_Test.Schema("Item").GetTemplate()->GetAttributeList()[0].Get())));
+    EXPECT_EQ(lists, "\n\n");
     EXPECT_TRUE(m_Test.m_Asserts.Has("m_pRecordLink") && m_Test.m_Asserts.Has("pCategory"));
 }
 } // namespace

@@ -1,35 +1,35 @@
 #include "text/CorvaneTypeString.h"
 
 #include "TestAttribute.h"
+#include "Unicode.h"
+#include "common/OutputText.h"
 
 #include <gtest/gtest.h>
 
-TEST(Text, MaximumLengthIsReadAndNotEnforced)
+TEST(Text, MaximumLengthIsRead)
 {
-    const std::pair<std::u16string_view, std::int32_t> rows[] = {
-        {u"Data=", -1}, {u"Data=min=1;MAX=2", 2}, {u"Data=max=x", 0}, {u"Data=max", -1}};
+    const std::pair<std::u16string, std::int32_t> rows[] = {
+        {u"", -1}, {u"min=1;MAX=2", 2}, {u"max=x", 0}, {u"max", -1}};
     for (const auto& [data, maximum] : rows)
     {
-        CTestAttribute test(u"Text", {data, u"Default=longer"});
-        auto& attrib = test.Get<CCorvaneTypeString>();
-        EXPECT_EQ(attrib.GetStringAttribData()->GetMaximumLength(), maximum);
-        EXPECT_EQ(attrib.GetValue(0), u"longer");
-        CRecordingSink sink;
-        EXPECT_TRUE(attrib.Validate(&sink));
-        EXPECT_TRUE(test.GetDefaultMessages().empty());
+        CTestAttribute test(u"Text", {u"Data=" + data});
+        EXPECT_EQ(test.Get<CCorvaneTypeString>().GetStringAttribData()->GetMaximumLength(), maximum);
     }
 }
 
-TEST(Text, UnicodeFlagDecidesTheCompiledWidthOnly)
+// The short form must agree with the general conversion on both sides of its length and for all units.
+TEST(OutputText, ShortAndLongTextsConvertAlike)
 {
-    const std::pair<std::u16string_view, std::string> rows[] = {
-        {u"Unicode=False", "CreateAttribute 7 Value 4 0 1\nSetText 42 0 \xC3\xA4\\n\n"},
-        {u"Unicode=True", "CreateAttribute 7 Value 5 0 1\nSetWideText 42 0 \xC3\xA4\\n\n"},
-    };
-    for (const auto& [unicode, packed] : rows)
+    CNarrowText narrow;
+    CWideText wide;
+    for (const std::size_t length : {0u, 1u, 125u, 126u, 127u, 128u, 300u})
     {
-        CTestAttribute test(u"Text", {u"Data=max=9", unicode, u"Default=\u00e4\\n"});
-        EXPECT_EQ(test.GetOutputs(), packed + "CreateAttribute 9  4 Value max=9 Text 1 1\n"
-                                              "SetTextLimits 42 0 9\nSetText 42 \xC3\xA4\\n\n");
+        for (const std::u16string_view tail :
+             {u"", u"~", u"\x7f", u"\x80", u"\u00e4", u"\u20ac", u"\xd83d\xde00", u"\xd800"})
+        {
+            const std::u16string text = std::u16string(length, u'x').append(tail);
+            EXPECT_EQ(narrow.Convert(text), ToNarrow(text)) << length;
+            EXPECT_EQ(wide.Convert(text), text) << length;
+        }
     }
 }
