@@ -14,13 +14,6 @@ namespace
 constexpr const char* kUsage =
     "Usage: corvanectl validate ROOT [--build N] [--strict] [--format text|json] [--output FILE]\n";
 
-struct SRun
-{
-    int m_nStatus = -1;
-    std::string m_sOut;
-    std::string m_sError;
-};
-
 // "~" in commands and in expected texts stands for the scratch directory, in which every command runs.
 class CCorvanectl : public ::testing::Test
 {
@@ -46,10 +39,6 @@ protected:
                              u"[Record]\r\nSchema=Thing\r\nName=" + std::u16string(name.begin(), name.end()) +
                                  u"\r\nVirtualRelativeCategory=Shelf\r\n" + std::u16string(sections));
     }
-    void MakeWarning() const
-    {
-        WriteRecord("One", u"[Attrib.Skin]\r\nValue.0000=x:" + m_Scratch.Text("p/Data/skin.dds") + u"\r\n");
-    }
     void MakeCritical() const
     {
         WriteRecord("Two", u"[Attrib.Count]\r\nValue.0000=3\r\nValue.0001=11\r\n"
@@ -57,25 +46,22 @@ protected:
                            u"[Attrib.Later.10]\r\nValue.0000=12\r\n");
     }
 
-    std::string Expand(std::string text) const
+    static std::string Replace(std::string text, const std::string& old, const std::string& by)
     {
-        const std::string directory = m_Scratch.GetPath().string();
-        for (std::size_t at = text.find('~'); at != std::string::npos; at = text.find('~', at))
-            text.replace(at, 1, directory);
+        for (std::size_t at = text.find(old); at != std::string::npos; at = text.find(old, at + by.size()))
+            text.replace(at, old.size(), by);
         return text;
     }
-
-    SRun Run(const std::string& arguments, const std::string& limits = {}, bool toFull = false) const
+    // The status, what went to the standard output and what to that of errors.
+    std::string Run(const std::string& arguments, const std::string& limits = {}, const char* out = "~/out")
     {
-        const std::string command =
-            Expand("cd ~ && export XDG_CONFIG_HOME=~/config && " + limits + "'" + CORVANECTL_PROGRAM "' " +
-                   arguments + " 2>~/err </dev/null >" + (toFull ? "/dev/full" : "~/out"));
-        const int status = std::system(command.c_str());
-        SRun run;
-        run.m_nStatus = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-        run.m_sOut = toFull ? std::string() : m_Scratch.ReadBytes("out");
-        run.m_sError = m_Scratch.ReadBytes("err");
-        return run;
+        m_Scratch.WriteBytes("out", "");
+        const std::string command = "cd ~ && export XDG_CONFIG_HOME=~/config && " + limits +
+                                    "'" CORVANECTL_PROGRAM "' " + arguments + " 2>~/err </dev/null >" + out;
+        const int status = std::system(Replace(command, "~", m_Scratch.GetPath()).c_str());
+        const std::string told = std::to_string(WIFEXITED(status) ? WEXITSTATUS(status) : -1) + '\n' +
+                                 m_Scratch.ReadBytes("out") + "err: " + m_Scratch.ReadBytes("err");
+        return Replace(told, m_Scratch.GetPath(), "~");
     }
 
     std::map<fs::path, fs::file_time_type> TakeSnapshot() const
@@ -92,42 +78,35 @@ protected:
     CScratchDir m_Scratch;
 };
 
-const std::string kWarning =
-    "~/p/Db/All/One.record: warning: All/Shelf/One, Skin[0]: Path Not Relative: The path "
-    "'x:~/p/Data/skin.dds' is not a relative path.\n";
-const std::string kCount =
-    "~/p/Db/All/Two.record: error: All/Shelf/Two, Count[1]: Invalid Integer: The value '11' "
-    "is not within the valid range of (-2147483648, 10).\n";
-const std::string kSkin = "~/p/Db/All/Two.record: error: All/Shelf/Two, Skin[0]: Invalid Filename: The file "
-                          "'a\" [2J' is not a valid file.\n";
+const std::string kWarning = "~/p/Db/All/One.record: warning: All/Shelf/One, Skin[0]: Path Not Relative: "
+                             "The path 'x:~/p/Data/skin.dds' is not a relative path.\n";
+const std::string kCriticals = "~/p/Db/All/Two.record: error: All/Shelf/Two, Count[1]: Invalid Integer: The "
+                               "value '11' is not within the "
+                               "valid range of (-2147483648, 10).\n"
+                               "~/p/Db/All/Two.record: error: All/Shelf/Two, Skin[0]: Invalid Filename: The "
+                               "file 'a\" [2J' is not a valid "
+                               "file.\n";
 const std::string kLater =
-    "~/p/Db/All/Two.record: error: All/Shelf/Two, Later[0]: Invalid Integer: The value '12' "
-    "is not within the valid range of (-2147483648, 10).\n";
+    "~/p/Db/All/Two.record: error: All/Shelf/Two, Later[0]: Invalid Integer: The value "
+    "'12' is not within the valid range of (-2147483648, 10).\n";
 } // namespace
 
 TEST_F(CCorvanectl, FindingsAreLinesAndDecideTheStatus)
 {
+    const std::string told = "err: corvanectl: 2 records checked for build ";
     const auto before = TakeSnapshot();
-    SRun run = Run("validate p/Db/Root.Gamdb00s --strict");
-    EXPECT_EQ(run.m_nStatus, 0);
-    EXPECT_EQ(run.m_sOut, "");
-    EXPECT_EQ(run.m_sError, "corvanectl: 2 records checked for build 0: 0 critical findings, 0 warnings.\n");
+    EXPECT_EQ(Run("validate p/Db/Root.Gamdb00s --strict"),
+              "0\n" + told + "0: 0 critical findings, 0 warnings.\n");
     EXPECT_EQ(TakeSnapshot(), before) << "neither the tree nor the user's settings are touched";
-
-    MakeWarning();
-    run = Run("validate ~/p/Db/Root.Gamdb00s");
-    EXPECT_EQ(run.m_nStatus, 0);
-    EXPECT_EQ(run.m_sOut, Expand(kWarning));
-    EXPECT_EQ(Run("validate --strict p/Db/root.gamdb00s").m_nStatus, 1);
-
+    WriteRecord("One", u"[Attrib.Skin]\r\nValue.0000=x:" + m_Scratch.Text("p/Data/skin.dds") + u"\r\n");
+    const std::string warned = kWarning + told + "0: 0 critical findings, 1 warning.\n";
+    EXPECT_EQ(Run("validate ~/p/Db/Root.Gamdb00s"), "0\n" + warned);
+    EXPECT_EQ(Run("validate --strict p/Db/root.gamdb00s"), "1\n" + warned);
     MakeCritical();
-    run = Run("validate --strict -- p/Db/Root.Gamdb00s");
-    EXPECT_EQ(run.m_nStatus, 2);
-    EXPECT_EQ(run.m_sOut, Expand(kWarning + kCount + kSkin));
-    EXPECT_EQ(run.m_sError, "corvanectl: 2 records checked for build 0: 2 critical findings, 1 warning.\n");
-    run = Run("validate p/Db/Root.Gamdb00s --build=10");
-    EXPECT_EQ(run.m_nStatus, 2);
-    EXPECT_EQ(run.m_sOut, Expand(kWarning + kCount + kSkin + kLater));
+    EXPECT_EQ(Run("validate --strict -- p/Db/Root.Gamdb00s"),
+              "2\n" + kWarning + kCriticals + told + "0: 2 critical findings, 1 warning.\n");
+    EXPECT_EQ(Run("validate p/Db/Root.Gamdb00s --build=10"),
+              "2\n" + kWarning + kCriticals + kLater + told + "10: 3 critical findings, 1 warning.\n");
 }
 
 TEST_F(CCorvanectl, JsonHoldsFindingsAndMessages)
@@ -135,9 +114,8 @@ TEST_F(CCorvanectl, JsonHoldsFindingsAndMessages)
     MakeCritical();
     fs::remove(m_Scratch.GetPath() / "p/Data/skin.dds");
     WriteRecord("One", u"[Attrib.Skin]\r\nValue.0000=\r\n");
-    const SRun run = Run("validate p/Db/Root.Gamdb00s --format json --build 0");
-    EXPECT_EQ(run.m_nStatus, 2);
-    EXPECT_EQ(run.m_sOut, Expand(R"({
+    EXPECT_EQ(Run("validate p/Db/Root.Gamdb00s --format json --build 0"), R"(2
+{
   "format": 1,
   "root": "~/p/Db/Root.Gamdb00s",
   "loaded": true,
@@ -173,15 +151,15 @@ TEST_F(CCorvanectl, JsonHoldsFindingsAndMessages)
     {"title": "Invalid Schema Default Value", "text": "The attribute 'Skin' of schema 'Thing' contains an invalid default filename of 'skin.dds'."}
   ]
 }
-)"));
-    EXPECT_EQ(run.m_sError.find("Invalid Schema Default Value: The attribute 'Skin'"), 0U) << run.m_sError;
+err: Invalid Schema Default Value: The attribute 'Skin' of schema 'Thing' contains an invalid default filename of 'skin.dds'.
+corvanectl: 2 records checked for build 0: 2 critical findings, 0 warnings.
+)");
 }
 
 TEST_F(CCorvanectl, ADatabaseThatDoesNotLoadIsNoCleanOne)
 {
-    SRun run = Run("validate p/Db/None.Gamdb00s --format json");
-    EXPECT_EQ(run.m_nStatus, 3);
-    EXPECT_EQ(run.m_sOut, Expand(R"({
+    EXPECT_EQ(Run("validate p/Db/None.Gamdb00s --format json"), R"(3
+{
   "format": 1,
   "root": "~/p/Db/None.Gamdb00s",
   "loaded": false,
@@ -189,43 +167,37 @@ TEST_F(CCorvanectl, ADatabaseThatDoesNotLoadIsNoCleanOne)
     {"title": "Open Failed", "text": "The file '~/p/Db/None.Gamdb00s' could not be opened: no such file or directory."}
   ]
 }
-)"));
+err: Open Failed: The file '~/p/Db/None.Gamdb00s' could not be opened: no such file or directory.
+corvanectl: The database could not be loaded.
+)");
     fs::remove(m_Scratch.GetPath() / "p/x.proj00");
     m_Scratch.WriteBytes("report", "old");
-    run = Run("validate p/Db/Root.Gamdb00s --output report");
-    EXPECT_EQ(run.m_nStatus, 3);
-    EXPECT_EQ(run.m_sError.find("Project Error: Failed to locate the locator file"), 0U) << run.m_sError;
-    EXPECT_TRUE(run.m_sError.ends_with("\ncorvanectl: The database could not be loaded.\n")) << run.m_sError;
+    EXPECT_EQ(
+        Run("validate p/Db/Root.Gamdb00s --output report"),
+        "3\nerr: Project Error: Failed to locate the locator file (*.proj00) for the following project.  "
+        "The project could not be loaded.\n\n~/p/Db/Root.Gamdb00s\n"
+        "corvanectl: The database could not be loaded.\n");
     EXPECT_EQ(m_Scratch.ReadBytes("report"), "old");
 }
 
 TEST_F(CCorvanectl, TheReportFileIsTheOldOrTheNew)
 {
     MakeCritical();
-    const std::string report = Run("validate p/Db/Root.Gamdb00s").m_sOut;
     m_Scratch.WriteBytes("report", "old");
-    SRun run = Run("validate p/Db/Root.Gamdb00s --output report", "ulimit -f 0; ");
-    EXPECT_EQ(run.m_nStatus, 4);
+    const std::string validate = "validate p/Db/Root.Gamdb00s";
+    EXPECT_EQ(Run(validate + " --output report", "ulimit -f 0; ").substr(0, 2), "4\n");
     EXPECT_EQ(m_Scratch.ReadBytes("report"), "old");
     const auto before = TakeSnapshot();
     for (const auto& [file, cause] : {std::pair("none/report", "no such file or directory"),
                                       {"p/x.proj00/report", "not a file of the wanted kind"},
                                       {"p", "not a file of the wanted kind"}})
-    {
-        run = Run("validate p/Db/Root.Gamdb00s --output " + std::string(file));
-        EXPECT_EQ(run.m_nStatus, 4) << file;
-        EXPECT_EQ(run.m_sError,
-                  "corvanectl: The file '" + std::string(file) + "' could not be written: " + cause + ".\n");
-    }
+        EXPECT_EQ(Run(validate + " --output " + file), std::string("4\nerr: corvanectl: The file '") + file +
+                                                           "' could not be written: " + cause + ".\n");
+    EXPECT_EQ(Run(validate, {}, "/dev/full"),
+              "4\nerr: corvanectl: The output could not be written: no space left on the disk.\n");
     EXPECT_EQ(TakeSnapshot(), before) << "no temporary file is left";
-    run = Run("validate p/Db/Root.Gamdb00s --output report");
-    EXPECT_EQ(run.m_nStatus, 2);
-    EXPECT_EQ(run.m_sOut, "");
-    EXPECT_EQ(m_Scratch.ReadBytes("report"), report);
-
-    run = Run("validate p/Db/Root.Gamdb00s", {}, true);
-    EXPECT_EQ(run.m_nStatus, 4);
-    EXPECT_EQ(run.m_sError, "corvanectl: The output could not be written: no space left on the disk.\n");
+    EXPECT_EQ(Run(validate + " --output report").substr(0, 6), "2\nerr:");
+    EXPECT_EQ(Replace(m_Scratch.ReadBytes("report"), m_Scratch.GetPath(), "~"), kCriticals);
 }
 
 TEST_F(CCorvanectl, WrongUsageIsToldWithTheRightOne)
@@ -245,28 +217,22 @@ TEST_F(CCorvanectl, WrongUsageIsToldWithTheRightOne)
         {"validate a --output ''", "The option '--output' needs a file."},
     };
     for (const auto& [arguments, mistake] : rows)
-    {
-        const SRun run = Run(arguments);
-        EXPECT_EQ(run.m_nStatus, 4) << arguments;
-        EXPECT_EQ(run.m_sOut, "") << arguments;
-        EXPECT_EQ(run.m_sError, "corvanectl: " + std::string(mistake) + "\n" + kUsage) << arguments;
-    }
+        EXPECT_EQ(Run(arguments), "4\nerr: corvanectl: " + std::string(mistake) + "\n" + kUsage);
     for (const auto& [arguments, mistake] : {std::pair("", "There is no command."),
                                              {"check a", "There is no command 'check'."},
                                              {"help check", "There is no command 'check'."}})
-        EXPECT_EQ(Run(arguments).m_sError,
-                  "corvanectl: " + std::string(mistake) + "\nUsage: corvanectl COMMAND [ARGUMENTS]\n");
+        EXPECT_EQ(Run(arguments), "4\nerr: corvanectl: " + std::string(mistake) +
+                                      "\nUsage: corvanectl COMMAND [ARGUMENTS]\n");
 }
 
 TEST_F(CCorvanectl, HelpListsTheCommandsAndTheirArguments)
 {
-    const SRun all = Run("--help");
-    EXPECT_EQ(all.m_nStatus, 0);
-    EXPECT_NE(all.m_sOut.find("\n  validate     Checks every record"), std::string::npos) << all.m_sOut;
-    EXPECT_EQ(Run("help").m_sOut, all.m_sOut);
-    const SRun one = Run("help validate");
-    EXPECT_EQ(one.m_nStatus, 0);
-    EXPECT_EQ(one.m_sOut.find(kUsage), 0U) << one.m_sOut;
-    EXPECT_EQ(Run("validate --help").m_sOut, one.m_sOut);
-    EXPECT_EQ(Run("--version").m_sOut.find("corvanectl "), 0U);
+    const std::string all = Run("--help");
+    EXPECT_EQ(all.find("0\n"), 0U);
+    EXPECT_NE(all.find("\n  validate     Checks every record"), std::string::npos) << all;
+    EXPECT_EQ(Run("help"), all);
+    const std::string one = Run("help validate");
+    EXPECT_EQ(one.find(std::string("0\n") + kUsage), 0U) << one;
+    EXPECT_EQ(Run("validate --help"), one);
+    EXPECT_EQ(Run("--version").find("0\ncorvanectl "), 0U);
 }

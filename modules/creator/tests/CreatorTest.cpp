@@ -5,12 +5,6 @@ namespace
 class Creator : public testing::Test
 {
 protected:
-    Creator()
-    {
-        m_hDatabase = m_Creator.CreateDatabase();
-        m_hCategory = m_Creator.CreateCategory(m_hDatabase, "World/Units", "Unit");
-        m_hRecord = m_Creator.CreateRecord(m_hCategory, "Orc");
-    }
     ~Creator() override { m_Creator.ReleaseDatabase(m_hDatabase); }
 
     CreatorHandle Add(const char* name, EDatabaseValueType type, std::int32_t count = 1,
@@ -22,38 +16,24 @@ protected:
     }
 
     IDatabaseCreatorMgr& m_Creator = LoadCreator();
-    CreatorHandle m_hDatabase = 0;
-    CreatorHandle m_hCategory = 0;
-    CreatorHandle m_hRecord = 0;
+    CreatorHandle m_hDatabase = m_Creator.CreateDatabase();
+    CreatorHandle m_hRecord =
+        m_Creator.CreateRecord(m_Creator.CreateCategory(m_hDatabase, "World/Units", "Unit"), "Orc");
 };
 } // namespace
 
-TEST_F(Creator, KeepsKindsAndTextsAndAnswersWrongReadsWithNothing)
+TEST_F(Creator, KeepsKindsAndTexts)
 {
-    const float parts[] = {1.5F, -2.0F, 0.25F, 8.0F};
-    m_Creator.SetInteger(Add("I", DBVALUE_INTEGER, 3), 2, -7);
-    m_Creator.SetText(Add("T", DBVALUE_TEXT, 3, DBKIND_FILE), 2, "a/\xC3\xBC");
-    m_Creator.SetWideText(Add("W", DBVALUE_WIDETEXT, 3, DBKIND_EFFECT), 2, u"\xD800z");
-    m_Creator.SetVector4(Add("V", DBVALUE_VECTOR4, 3), 2, parts);
-    Add("L", DBVALUE_RECORDLINK, 3);
+    m_Creator.SetInteger(Add("I", DBVALUE_INTEGER), 0, -7);
+    m_Creator.SetText(Add("T", DBVALUE_TEXT, 1, DBKIND_FILE), 0, "a/\xC3\xBC");
+    m_Creator.SetWideText(Add("W", DBVALUE_WIDETEXT, 1, DBKIND_EFFECT), 0, u"\xD800z");
     const CSavedDatabase saved(m_Creator, m_hDatabase);
     const CGameRecord orc = saved->FindRecord("World/Units/Orc");
-    ASSERT_TRUE(orc);
-    const auto find = [&](const char* name) { return orc.FindAttribute(name); };
-    EXPECT_EQ(find("I").GetInteger(2), -7);
-    EXPECT_EQ(find("T").GetText(2), "a/\xC3\xBC");
-    EXPECT_EQ(find("T").GetKind(), DBKIND_FILE);
-    EXPECT_EQ(find("W").GetWideText(2), u"\xD800z");
-    EXPECT_EQ(find("W").GetKind(), DBKIND_EFFECT);
-    EXPECT_EQ(find("V").GetVector4(2), (std::array{1.5F, -2.0F, 0.25F, 8.0F}));
-    // Past the end, never set and of another type.
-    EXPECT_EQ(find("I").GetInteger(3), 0);
-    EXPECT_EQ(find("T").GetText(3), "");
-    EXPECT_EQ(find("V").GetVector4(3), (std::array<float, 4>{}));
-    EXPECT_EQ(find("W").GetWideText(1), u"");
-    EXPECT_EQ(find("I").GetFloat(2), 0.0F);
-    EXPECT_EQ(find("V").GetVector2(2), (std::array<float, 2>{}));
-    EXPECT_FALSE(find("L").GetRecordLink(0) || find("L").GetRow(0));
+    EXPECT_EQ(orc.FindAttribute("I").GetInteger(), -7);
+    EXPECT_EQ(orc.FindAttribute("T").GetText(), "a/\xC3\xBC");
+    EXPECT_EQ(orc.FindAttribute("T").GetKind(), DBKIND_FILE);
+    EXPECT_EQ(orc.FindAttribute("W").GetWideText(), u"\xD800z");
+    EXPECT_EQ(orc.FindAttribute("W").GetKind(), DBKIND_EFFECT);
 }
 
 TEST_F(Creator, NestsStructsByTheNamesOfTheirMembers)
@@ -98,6 +78,5 @@ TEST_F(Creator, TellsOfAFailingStream)
     } throwing;
     EXPECT_FALSE(m_Creator.SaveDatabase(m_hDatabase, &throwing));
     // A failed save leaves the database as it was.
-    const CSavedDatabase saved(m_Creator, m_hDatabase);
-    EXPECT_TRUE(saved->FindRecord("World/Units/Orc"));
+    EXPECT_TRUE(CSavedDatabase(m_Creator, m_hDatabase)->FindRecord("World/Units/Orc"));
 }

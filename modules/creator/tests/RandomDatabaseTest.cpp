@@ -6,30 +6,40 @@
 
 namespace
 {
-struct SAttribModel
-{
-    std::string name;
-    std::int32_t type;
-    // The values as numbers; what each stands for is told by the functions below.
-    std::vector<int> values;
-};
-
 struct SRecordModel
 {
     std::string path;
     std::string schema;
     CreatorHandle handle = 0;
-    std::vector<SAttribModel> attribs;
+    // Names, and the type with the values as the functions below print them.
+    std::vector<std::pair<std::string, std::string>> attribs;
 };
 
-std::string TextOf(int value)
+// What Print gives for the value that the setter of the type makes of this number.
+std::string Expect(std::int32_t type, int n)
 {
-    return value == 0 ? "" : std::string(static_cast<std::size_t>(value % 40), 'a') + std::to_string(value);
+    std::ostringstream out;
+    const auto own = [&](EDatabaseValueType wanted) { return n != 0 && type == wanted; };
+    out << own(DBVALUE_BOOLEAN) << ' ' << (own(DBVALUE_FLOAT) ? n : 0) << ' '
+        << (own(DBVALUE_INTEGER) ? n : 0) << ' '
+        << std::string(own(DBVALUE_TEXT) ? static_cast<std::size_t>(n) : 0, 'a') << ' '
+        << std::string(own(DBVALUE_WIDETEXT) ? static_cast<std::size_t>(n) : 0, 'b');
+    for (const auto& [wanted, size] :
+         {std::pair{DBVALUE_VECTOR2, 2}, {DBVALUE_VECTOR3, 3}, {DBVALUE_VECTOR4, 4}})
+    {
+        for (int part = 0; part < size; ++part)
+            out << ' ' << (own(wanted) ? n + part : 0);
+    }
+    return out.str();
 }
-std::u16string WideOf(int value)
+
+// The place of the linked record.
+std::string PrintLink(const CGameRecord& record, const CGameDatabase& database)
 {
-    const std::string text = TextOf(value);
-    return {text.begin(), text.end()};
+    std::size_t place = 0;
+    while (record && !(database.GetRecord(place) == record))
+        ++place;
+    return record ? " " + std::to_string(place) : " none";
 }
 
 class CRandomDatabase
@@ -69,49 +79,26 @@ private:
             }
         }
     }
-
     void AddAttrib(SRecordModel& record)
     {
-        SAttribModel attrib{Name(12), static_cast<std::int32_t>(1 + Below(9)), std::vector<int>(Below(4))};
-        const auto count = static_cast<std::int32_t>(attrib.values.size());
+        const std::string name = Name(12);
+        const auto type = static_cast<std::int32_t>(1 + Below(9));
+        const auto count = static_cast<std::int32_t>(Below(4));
         const CreatorHandle handle =
-            m_Creator.CreateAttribute(record.handle, attrib.name.c_str(), attrib.type, DBKIND_PLAIN, count);
-        ASSERT_NE(handle, 0U);
+            m_Creator.CreateAttribute(record.handle, name.c_str(), type, DBKIND_PLAIN, count);
+        std::string values = std::to_string(type);
         for (std::int32_t i = 0; i < count; ++i)
         {
-            int& value = attrib.values[static_cast<std::size_t>(i)];
-            value = static_cast<int>(Below(m_Records.size() + 1));
-            if (value != 0)
-                Set(handle, attrib.type, i, value);
+            const std::size_t n = Below(m_Records.size() + 1);
+            values += "; " + Expect(type, static_cast<int>(n));
+            if (type == DBVALUE_RECORDLINK)
+                values += n == 0 ? " none" : " " + std::to_string(n - 1);
+            if (n != 0 && type == DBVALUE_RECORDLINK)
+                m_Creator.SetRecordLink(handle, i, m_Records[n - 1].handle);
+            else if (n != 0)
+                SetNumber(m_Creator, handle, type, i, static_cast<int>(n));
         }
-        record.attribs.push_back(std::move(attrib));
-    }
-
-    void Set(CreatorHandle handle, std::int32_t type, std::int32_t i, int value)
-    {
-        const auto number = static_cast<float>(value);
-        const float parts[] = {number, number + 1, number + 2, number + 3};
-        switch (type)
-        {
-        case DBVALUE_BOOLEAN:
-            return m_Creator.SetBoolean(handle, i, true);
-        case DBVALUE_FLOAT:
-            return m_Creator.SetFloat(handle, i, number);
-        case DBVALUE_INTEGER:
-            return m_Creator.SetInteger(handle, i, value);
-        case DBVALUE_TEXT:
-            return m_Creator.SetText(handle, i, TextOf(value).c_str());
-        case DBVALUE_WIDETEXT:
-            return m_Creator.SetWideText(handle, i, WideOf(value).c_str());
-        case DBVALUE_VECTOR2:
-            return m_Creator.SetVector2(handle, i, parts);
-        case DBVALUE_VECTOR3:
-            return m_Creator.SetVector3(handle, i, parts);
-        case DBVALUE_VECTOR4:
-            return m_Creator.SetVector4(handle, i, parts);
-        default:
-            return m_Creator.SetRecordLink(handle, i, m_Records[static_cast<std::size_t>(value - 1)].handle);
-        }
+        record.attribs.emplace_back(name, values);
     }
 
     std::mt19937 m_Random;
@@ -119,57 +106,28 @@ private:
     CreatorHandle m_hDatabase;
     std::vector<SRecordModel> m_Records;
 };
-
-bool HasValue(const CGameAttribute& attrib, std::size_t i, int value, const CGameDatabase& database)
-{
-    const auto number = static_cast<float>(value);
-    const auto isVector = [&](const auto& vector)
-    {
-        return vector.front() == number &&
-               vector.back() == (value == 0 ? 0 : number + static_cast<float>(vector.size() - 1));
-    };
-    switch (attrib.GetType())
-    {
-    case DBVALUE_BOOLEAN:
-        return attrib.GetBoolean(i) == (value != 0);
-    case DBVALUE_FLOAT:
-        return attrib.GetFloat(i) == number;
-    case DBVALUE_INTEGER:
-        return attrib.GetInteger(i) == value;
-    case DBVALUE_TEXT:
-        return attrib.GetText(i) == TextOf(value);
-    case DBVALUE_WIDETEXT:
-        return attrib.GetWideText(i) == WideOf(value);
-    case DBVALUE_VECTOR2:
-        return isVector(attrib.GetVector2(i));
-    case DBVALUE_VECTOR3:
-        return isVector(attrib.GetVector3(i));
-    case DBVALUE_VECTOR4:
-        return isVector(attrib.GetVector4(i));
-    default:
-        return attrib.GetRecordLink(i) == database.GetRecord(static_cast<std::size_t>(value) - 1);
-    }
-}
-
 void ExpectRecord(const CGameRecord& record, const SRecordModel& model, const CGameDatabase& database)
 {
-    EXPECT_EQ(record.GetPath(), model.path);
-    EXPECT_EQ(record.GetSchemaName(), model.schema);
+    EXPECT_EQ(record.GetPath() + " " + std::string(record.GetSchemaName()), model.path + " " + model.schema);
     ASSERT_EQ(record.GetAttributeCount(), model.attribs.size());
     for (std::size_t i = 0; i < model.attribs.size(); ++i)
     {
         const CGameAttribute attrib = record.GetAttribute(i);
-        ASSERT_EQ(attrib.GetName(), model.attribs[i].name);
-        ASSERT_EQ(attrib.GetType(), model.attribs[i].type);
-        ASSERT_EQ(attrib.GetCount(), model.attribs[i].values.size());
+        std::string values = std::to_string(attrib.GetType());
         for (std::size_t j = 0; j < attrib.GetCount(); ++j)
-            EXPECT_TRUE(HasValue(attrib, j, model.attribs[i].values[j], database)) << attrib.GetName();
+        {
+            values += "; " + Print(attrib, j);
+            if (attrib.GetType() == DBVALUE_RECORDLINK)
+                values += PrintLink(attrib.GetRecordLink(j), database);
+        }
+        EXPECT_EQ(attrib.GetName(), model.attribs[i].first);
+        EXPECT_EQ(values, model.attribs[i].second);
     }
     for (int name = 0; name < 14; ++name)
     {
         const std::string wanted = "n" + std::to_string(name);
         const auto first = std::find_if(model.attribs.begin(), model.attribs.end(),
-                                        [&](const SAttribModel& attrib) { return attrib.name == wanted; });
+                                        [&](const auto& attrib) { return attrib.first == wanted; });
         const auto place = static_cast<std::size_t>(first - model.attribs.begin());
         EXPECT_EQ(record.FindAttribute(wanted), record.GetAttribute(place)) << wanted;
     }

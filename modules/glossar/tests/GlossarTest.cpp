@@ -1,10 +1,8 @@
 #include "Catalogue.h"
 #include "DiskFileSystem.h"
 #include "InStream.h"
-#include "Unicode.h"
 #include "iglossarmgr.h"
 
-#include <algorithm>
 #include <cstring>
 #include <dlfcn.h>
 #include <gtest/gtest.h>
@@ -27,17 +25,7 @@ CInStreamRef OpenCatalogue(std::u16string_view name)
 {
     CDiskFileSystem files;
     CFileError error;
-    CInStreamRef stream = OpenInStream(files, std::u16string(GLOSSAR_CATALOGUES).append(name), error);
-    if (!stream)
-        throw std::runtime_error(ToNarrow(error.GetText()));
-    return stream;
-}
-
-std::vector<std::byte> ReadCatalogue(std::u16string_view name)
-{
-    const CInStreamRef stream = OpenCatalogue(name);
-    const auto* bytes = static_cast<const std::byte*>(stream->GetData());
-    return {bytes, bytes + stream->GetSize()};
+    return OpenInStream(files, std::u16string(GLOSSAR_CATALOGUES).append(name), error);
 }
 
 std::string List(IGlossarMgr& glossar, HGLOSSAR database, const char* prefix)
@@ -79,9 +67,8 @@ TEST(Glossar, FindsAndListsIdentifiersInBothByteOrders)
         EXPECT_EQ(List(glossar, database, "IDS_MENU_START"), "IDS_MENU_START ");
         for (const char* none : {"IDS_MENU_STARTS", "IDS_B", "door", "IDS_CONTEXT", "\x04", "z"})
             EXPECT_EQ(List(glossar, database, none), "") << none;
-
-        for (const char* known : {"IDS_COIN", "IDS_GR\xC3\x96SSE", "IDS_MENU", "ids_menu"})
-            EXPECT_TRUE(glossar.HasString(database, known)) << known;
+        EXPECT_TRUE(glossar.HasString(database, "IDS_GR\xC3\x96SSE"));
+        EXPECT_TRUE(glossar.HasString(database, "ids_menu"));
         // The header, a context, a plural, an entry without a translation, and parts of identifiers.
         for (const char* unknown : {"", "IDS_INNER", "IDS_CONTEXT\x04IDS_INNER", "IDS_COINS",
                                     "IDS_UNTRANSLATED", "IDS_MEN", "Ids_menu"})
@@ -96,7 +83,10 @@ TEST(Glossar, FindsAndListsIdentifiersInBothByteOrders)
 
 TEST(Glossar, ACutCatalogueIsRefusedAndADamagedOneNeverLeavesItsBytes)
 {
-    const std::vector<std::byte> whole = ReadCatalogue(u"Strings.mo");
+    const CInStreamRef stream = OpenCatalogue(u"Strings.mo");
+    ASSERT_TRUE(stream);
+    const auto* start = static_cast<const std::byte*>(stream->GetData());
+    const std::vector<std::byte> whole(start, start + stream->GetSize());
     for (std::size_t size = 0; size < whole.size(); ++size)
     {
         // A copy of its own size, so that a sanitizer sees every byte beyond.

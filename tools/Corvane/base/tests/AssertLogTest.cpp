@@ -2,16 +2,15 @@
 #include "AssertLog.h"
 #include "ScratchDir.h"
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cctype>
 #include <cstdlib>
 #include <filesystem>
 #include <memory>
 
 namespace fs = std::filesystem;
-using testing::HasSubstr;
-using testing::Not;
-using testing::StartsWith;
 
 namespace
 {
@@ -20,14 +19,23 @@ void FireHere()
     ZRASSERT_MSG(2 + 2 == 5, "The sum does not hold.");
 }
 
+// Without what differs from run to run: every number is 0.
+std::string Mask(std::string text)
+{
+    const auto isDigit = [](unsigned char unit) { return std::isdigit(unit) != 0; };
+    std::replace_if(text.begin(), text.end(), isDigit, '0');
+    const auto end =
+        std::unique(text.begin(), text.end(), [](char a, char b) { return a == '0' && b == '0'; });
+    text.erase(end, text.end());
+    return text;
+}
+
 class AssertLog : public testing::Test
 {
 protected:
-    void MakeReadOnly(const char* file) const
+    void Allow(const char* file, fs::perms permissions) const
     {
-        constexpr fs::perms kWrite =
-            fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
-        fs::permissions(m_Scratch.GetPath() / file, kWrite, fs::perm_options::remove);
+        fs::permissions(m_Scratch.GetPath() / file, permissions);
     }
     // The log file of one assertion in a program of this path.
     [[nodiscard]] std::string Fire(const char* program) const
@@ -41,8 +49,11 @@ protected:
 };
 } // namespace
 
-TEST_F(AssertLog, WritesHeadEntryAndEnd)
+TEST_F(AssertLog, WritesHeadEntriesAndEndAndGivesTheHandlerBack)
 {
+    const ZRAssertHandler before = ZRSetAssertHandler(nullptr);
+    auto outer = std::make_unique<CAssertLog>("/nowhere/outer");
+    outer->Install();
     auto log = std::make_unique<CAssertLog>((m_Scratch.GetPath() / "editor").string());
     log->Install();
     EXPECT_TRUE(fs::is_empty(m_Scratch.GetPath())) << "no file before the first assertion";
@@ -50,19 +61,23 @@ TEST_F(AssertLog, WritesHeadEntryAndEnd)
     FireHere();
     const std::string running = m_Scratch.ReadBytes("editor_Assert00.log");
     log.reset();
+    FireHere(); // The outer log has no place to write and stays quiet.
+    outer.reset();
+    EXPECT_EQ(ZRSetAssertHandler(before), nullptr);
+
     const std::string text = m_Scratch.ReadBytes("editor_Assert00.log");
-    EXPECT_THAT(text, StartsWith(running + "Closed at ")) << "entries are on disk before the end";
-    EXPECT_THAT(
-        text, StartsWith("\n  " + std::string(70, '-') + "\n" + std::string(30, ' ') + "Assert Log File\n"));
-    EXPECT_EQ(text.rfind("Assert Log File"), text.find("Assert Log File")) << "one head";
-    EXPECT_NE(text.rfind("Assertion Failure"), text.find("Assertion Failure")) << "two entries";
-    for (const char* part :
-         {"                                  Corvane\n",
-          "This file contains a log of asserts that were fired during the execution of\n"
-          "the above application.\n\nCreated at ",
-          " \n\n---\n\nAssertion Failure: 2 + 2 == 5\n\nThe sum does not hold.\n\nTime:\t\t",
-          "\nFunction:\tFireHere\nResult:\t\tContinue\n\n\n---\n\n", "AssertLogTest.cpp\nLine:\t\t"})
-        EXPECT_THAT(text, HasSubstr(part));
+    EXPECT_TRUE(text.starts_with(running + "Closed at ")) << "entries are on disk before the end";
+    const std::string rule = "  " + std::string(70, '-') + '\n';
+    const std::string entry = "---\n\nAssertion Failure: 2 + 2 == 5\n\nThe sum does not "
+                              "hold.\n\nTime:\t\t0:0:0\nFile:\t\t" __FILE__ "\n"
+                              "Line:\t\t0\nFunction:\tFireHere\nResult:\t\tContinue\n\n\n";
+    EXPECT_EQ(Mask(text),
+              Mask('\n' + rule + std::string(30, ' ') + "Assert Log File\n" + std::string(34, ' ') +
+                   "Corvane\n" + std::string(35, ' ') + "0.0.0\n" + rule + '\n' + std::string(22, ' ') +
+                   "Copyright (C) Harrowgate Works\n\n\n"
+                   "This file contains a log of asserts that were fired during the execution of\n"
+                   "the above application.\n\nCreated at 0:0:0 on 0/0/0 \n\n" +
+                   entry + entry + "---\n\nClosed at 0:0:0\n"));
 }
 
 TEST_F(AssertLog, TakesTheFirstPlaceThatCanBeWritten)
@@ -72,32 +87,13 @@ TEST_F(AssertLog, TakesTheFirstPlaceThatCanBeWritten)
     ::setenv("XDG_STATE_HOME", (m_Scratch.GetPath() / "state").c_str(), 1);
     m_Scratch.WriteBytes("bin/x_Assert00.log", "kept");
     m_Scratch.WriteBytes("bin/x_Assert01.log", "old");
-    MakeReadOnly("bin/x_Assert00.log");
+    Allow("bin/x_Assert00.log", fs::perms::owner_read);
     EXPECT_EQ(Fire("bin/x.bin"), "bin/x_Assert01.log");
     EXPECT_EQ(m_Scratch.ReadBytes("bin/x_Assert00.log"), "kept");
-    EXPECT_THAT(m_Scratch.ReadBytes("bin/x_Assert01.log"),
-                AllOf(HasSubstr("Line:\t\t7\n"), Not(HasSubstr("old"))));
-    MakeReadOnly("bin");
+    const std::string text = m_Scratch.ReadBytes("bin/x_Assert01.log");
+    EXPECT_TRUE(text.find("Line:\t\t7\n") != std::string::npos && !text.starts_with("old")) << text;
+    Allow("bin", fs::perms::owner_read | fs::perms::owner_exec);
     EXPECT_EQ(Fire("bin/y"), "state/corvane/y_Assert00.log");
-    fs::permissions(m_Scratch.GetPath() / "bin", fs::perms::owner_all);
+    Allow("bin", fs::perms::owner_all);
     configured == nullptr ? ::unsetenv("XDG_STATE_HOME") : ::setenv("XDG_STATE_HOME", before.c_str(), 1);
-}
-
-TEST_F(AssertLog, GivesTheHandlerBackAndStaysQuietWithoutAPlaceToWrite)
-{
-    const ZRAssertHandler before = ZRSetAssertHandler(nullptr);
-    {
-        CAssertLog outer("/nowhere/outer");
-        outer.Install();
-        auto inner = std::make_unique<CAssertLog>((m_Scratch.GetPath() / "inner").string());
-        inner->Install();
-        FireHere();
-        inner.reset();
-        EXPECT_TRUE(m_Scratch.Exists("inner_Assert00.log"));
-        const ZRAssertHandler outerHandler = ZRSetAssertHandler(nullptr);
-        EXPECT_NE(outerHandler, nullptr);
-        ZRSetAssertHandler(outerHandler);
-        FireHere();
-    }
-    EXPECT_EQ(ZRSetAssertHandler(before), nullptr);
 }

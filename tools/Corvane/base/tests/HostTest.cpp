@@ -39,27 +39,24 @@ CQuestion Make(EButtons buttons)
 
 TEST(ConsoleQuestions, WithoutATerminalItSaysWhatItTakesAndReadsNothing)
 {
-    const std::string question = "Save Changes: Save \xC3\xBC?\n";
-    struct SCase
+    using Row = std::tuple<EButtons, EAnswer, const char*>;
+    for (const auto& [buttons, answer, told] :
+         {Row{EButtons::Ok, EAnswer::Ok, ""}, Row{EButtons::OkCancel, EAnswer::Cancel, "  Answer: Cancel\n"},
+          Row{EButtons::YesNo, EAnswer::No, "  Answer: No\n"},
+          Row{EButtons::YesNoCancel, EAnswer::Cancel, "  Answer: Cancel\n"},
+          Row{EButtons::AbortRetryIgnore, EAnswer::Abort, "  Answer: Abort\n"}})
     {
-        EButtons buttons;
-        EAnswer answer;
-        const char* told;
-    };
-    for (const SCase& test : {SCase{EButtons::Ok, EAnswer::Ok, ""},
-                              SCase{EButtons::OkCancel, EAnswer::Cancel, "  Answer: Cancel\n"},
-                              SCase{EButtons::YesNo, EAnswer::No, "  Answer: No\n"},
-                              SCase{EButtons::YesNoCancel, EAnswer::Cancel, "  Answer: Cancel\n"},
-                              SCase{EButtons::AbortRetryIgnore, EAnswer::Abort, "  Answer: Abort\n"}})
-    {
+        const CQuestion question = Make(buttons);
+        EAnswer given{};
         const auto ask = [&](CConsoleQuestions& console)
         {
-            EXPECT_EQ(console.Ask(Make(test.buttons)), test.answer) << "what changes nothing";
+            given = console.Ask(question);
             const auto progress = console.CreateProgress(u"Compile Database");
             progress->SetText(u"Saving to disk...");
             EXPECT_FALSE(progress->Pump());
         };
-        EXPECT_EQ(Print("y\n", false, ask), question + test.told);
+        EXPECT_EQ(Print("y\n", false, ask), "Save Changes: Save \xC3\xBC?\n" + std::string(told));
+        EXPECT_EQ(given, answer) << "what changes nothing";
     }
     CSilentQuestions silent;
     EXPECT_EQ(silent.Ask(Make(EButtons::YesNo)), EAnswer::Abort);
@@ -74,16 +71,14 @@ TEST(ConsoleQuestions, OnATerminalItAsksUntilItUnderstands)
         EXPECT_EQ(console.Ask(Make(EButtons::YesNo)), EAnswer::No);
         EXPECT_EQ(console.Ask(Make(EButtons::YesNo)), EAnswer::No) << "the end of the input changes nothing";
         EXPECT_EQ(console.Ask(Make(EButtons::Ok)), EAnswer::Ok) << "a message waits for nobody";
-    };
-    EXPECT_THAT(Print("\nperhaps\n  Y \nca\nNO\r\n", true, ask),
-                testing::StartsWith("Save Changes: Save \xC3\xBC?\n  (Yes/No/Cancel)   (Yes/No/Cancel)   "
-                                    "(Yes/No/Cancel) Save Changes: "));
-    const auto leave = [](CConsoleQuestions& console)
-    {
         console.SetUnattended();
         EXPECT_EQ(console.Ask(Make(EButtons::YesNo)), EAnswer::No);
     };
-    EXPECT_EQ(Print("y\n", true, leave), "Save Changes: Save \xC3\xBC?\n  Answer: No\n");
+    const std::string question = "Save Changes: Save \xC3\xBC?\n";
+    EXPECT_EQ(Print("\nperhaps\n  Y \nca\nNO\r\n", true, ask),
+              question + "  (Yes/No/Cancel)   (Yes/No/Cancel)   (Yes/No/Cancel) " + question +
+                  "  (OK/Cancel) " + question + "  (Yes/No) " + question + "  (Yes/No) \n" + question +
+                  question + "  Answer: No\n");
 }
 
 TEST(ConsoleQuestions, ProgressIsOneLineThatGivesWayToMessages)

@@ -112,9 +112,5 @@ TEST(LocateProject, TheNearestLocatorOnTheWayUpWins)
     }
     EXPECT_EQ(info.m_sResourceRoot, scratch.Text("top/"));
     EXPECT_FALSE(LocateProject(files, u"/root.Gamdb00s", info));
-    std::u16string path;
-    EXPECT_TRUE(FindProjectFile(files, scratch.Text("top"), path));
-    EXPECT_EQ(path, scratch.Text("top/A.PROJ00"));
-    EXPECT_FALSE(FindProjectFile(files, scratch.Text("top/side"), path));
     std::filesystem::current_path(before);
 }

@@ -4,24 +4,20 @@
 #include "CorvaneSchemaAttribData.h"
 #include "DatabaseCompiler.h"
 #include "GatedDatabase.h"
+#include "Unicode.h"
 
+#include <algorithm>
 #include <cstdlib>
-#include <filesystem>
-#include <vector>
 
-// The names of the test creators are paths; the locator takes them as they are.
-inline constexpr std::string_view kRecordingCreator = RECORDING_CREATOR;
-inline constexpr std::string_view kEmptyCreator = EMPTY_CREATOR;
 inline constexpr std::string_view kPacked = "Packed.Gamdb00p";
-inline constexpr std::string_view kOldFile = "the packed file of yesterday";
 
-class CCompileFixture : public CGatedDatabase
+class CCompileFixture : public CGatedDatabase, public ICompileView
 {
 protected:
     void SetUp() override
     {
         SetCreatorMode("");
-        WriteLocator(kRecordingCreator);
+        WriteLocator(RECORDING_CREATOR);
         WriteRoot();
         AddSchema("Vehicle", "[Attrib.Mass.10]\nType=Integer\nDefault=5\n\n"
                              "[Attrib.Mass.0]\nType=Integer\nData=min=0;max=100\nDefault=5\n\n"
@@ -32,7 +28,7 @@ protected:
         AddVehicle("Land/Bike", "1", "Land/Tracked/Tank", "VirtualRelativeCategory=Light\n");
         AddVehicle("Land/Car", "2", "<none>");
         AddVehicle("Land/Tracked/Tank", "3", "Land/Bike");
-        WriteBytes(kPacked, kOldFile);
+        WriteBytes(kPacked, "old");
     }
     void TearDown() override { SetCreatorMode(""); }
 
@@ -42,10 +38,10 @@ protected:
                                "Database={7C1D5B0E-3A94-4E27-9D5F-64B8A2F0C955}\n" +
                                    keys);
     }
-    void WriteLocator(std::string_view creator) const
+    // The names of the creators are paths; the locator takes them as they are.
+    void WriteLocator(const std::string& creator) const
     {
-        m_Scratch.WriteBytes("Game/Game.proj00",
-                             "[Project Binaries]\nGameDatabase=" + std::string(creator) + "\n");
+        m_Scratch.WriteBytes("Game/Game.proj00", "[Project Binaries]\nGameDatabase=" + creator + "\n");
     }
     // Its mass is that in build 0, ten times as much from build 10 on.
     void AddVehicle(const char* path, const std::string& mass, const std::string& ally,
@@ -57,56 +53,55 @@ protected:
                       value + ally + "\n",
                   keys);
     }
+    // "refuse <call>" or "throw <call>"; empty for a creator that behaves.
+    static void SetCreatorMode(const std::string& mode) { ::setenv("CORVANE_TEST_CREATOR", mode.c_str(), 1); }
 
-    static void SetCreatorMode(const char* mode) { ::setenv("CORVANE_TEST_CREATOR", mode, 1); }
-
-    // Opens the database, listens to the compile's events and builds as a pack run does.
-    bool Compile(std::uint32_t flags = 0, std::uint32_t build = 0)
+    // Compiles and tells what came of it: the packed file, the events (that of the end is negative when it
+    // carries false) and whatever was shown.
+    std::string Compile(std::uint32_t flags = 0, std::uint32_t build = 0)
     {
         if (!m_pManager->IsOpen())
             Open();
-        Listen();
-        return m_Compiler.CompileDatabase(flags, GetTarget(), build);
-    }
-    void Listen()
-    {
-        m_Events.clear();
+        m_sEvents.clear();
+        m_sShown.clear();
         m_Questions.Clear();
-        m_Observer = m_pManager->AddObserver(
-            [this](const CCorvaneEvent& event)
-            {
-                const int code = static_cast<int>(event.GetCode());
-                if (event.GetCode() == ECorvaneEvent::CompileEnd)
-                    m_Events.push_back(event.GetResult() ? code : -code);
-                else if (code == 8 || (code >= 20 && code <= 25))
-                    m_Events.push_back(code);
-                return 0;
-            });
+        m_Observer = m_pManager->AddObserver([this](const CCorvaneEvent& event) { return Note(event); });
+        const bool built = m_Compiler.CompileDatabase(flags, GetText(kPacked), build);
+        const std::filesystem::directory_iterator files(GetPath(""));
+        EXPECT_TRUE(std::none_of(begin(files), end(files),
+                                 [](const auto& file) { return file.path().extension() == ".corvane-tmp"; }));
+        EXPECT_TRUE(m_pManager->GetCompiledRecords().IsEmpty());
+        EXPECT_TRUE(m_pManager->GetCompiledCategories().IsEmpty());
+        for (const CQuestion& question : m_Questions.GetQuestions())
+            m_sShown += "; " + ToNarrow(question.m_sTitle + u": " + question.m_sText);
+        return (built ? "built " : "failed, ") + DescribePacked() + m_sEvents + m_sShown;
     }
-
-    [[nodiscard]] std::u16string GetTarget() const { return GetText(kPacked); }
     [[nodiscard]] std::string ReadPacked() const
     {
         return m_Scratch.ReadBytes("Game/Database/Packed.Gamdb00p");
     }
-    // Title and text of each box that was shown.
-    [[nodiscard]] std::vector<std::u16string> GetBoxes() const
+
+    void ShowFindings(const CValidateCore&, bool modal) override { m_sShown += modal ? " modal" : " pane"; }
+
+    std::string m_sShown;
+    CDatabaseCompiler m_Compiler{*m_pManager, this};
+
+private:
+    int Note(const CCorvaneEvent& event)
     {
-        std::vector<std::u16string> boxes;
-        for (const CQuestion& question : m_Questions.GetQuestions())
-            boxes.push_back(question.m_sTitle + u": " + question.m_sText);
-        return boxes;
+        const int code = static_cast<int>(event.GetCode());
+        if (code == 8 || code == 9 || (code >= 20 && code <= 25))
+            m_sEvents += (code == 9 && !event.GetResult() ? " -" : " ") + std::to_string(code);
+        return 0;
     }
-    // No temporary file lies beside the target.
-    [[nodiscard]] bool IsClean() const
+    [[nodiscard]] std::string DescribePacked() const
     {
-        const std::filesystem::directory_iterator entries(GetPath(""));
-        return std::none_of(begin(entries), end(entries),
-                            [](const auto& entry) { return entry.path().extension() == ".corvane-tmp"; });
+        if (!std::filesystem::is_regular_file(GetPath(kPacked)))
+            return "none";
+        const std::string packed = ReadPacked();
+        return packed.starts_with("database 1\n") ? "new" : packed;
     }
 
-    // Events of the compile; event 9 is negative when it carries false.
-    std::vector<int> m_Events;
+    std::string m_sEvents;
     CObserverHandle m_Observer;
-    CDatabaseCompiler m_Compiler{*m_pManager};
 };

@@ -2,6 +2,7 @@
 #include "CompileFixture.h"
 
 #include <chrono>
+#include <functional>
 #include <thread>
 
 namespace
@@ -9,115 +10,88 @@ namespace
 class CPostBuildStepTest : public ::testing::Test
 {
 protected:
-    std::vector<std::u16string> Run(std::u16string_view command)
+    // What a step in this directory of the scratch directory tells before its Run returns.
+    std::u16string Run(CPostBuildStep& step, std::u16string_view command, std::string_view directory = "")
     {
-        m_Step.Run(m_Files, m_Questions, command, m_Scratch.Text(""));
-        return GetTold();
+        step.Run(m_Files, m_Questions, command, m_Scratch.Text(directory));
+        return TakeTold();
     }
-    std::vector<std::u16string> GetTold() const
+    std::u16string TakeTold()
     {
-        std::vector<std::u16string> told;
+        std::u16string told;
         for (const CQuestion& question : m_Questions.GetQuestions())
-            told.push_back(question.m_sTitle + u": " + question.m_sText);
+            told += question.m_sTitle + u": " + question.m_sText;
+        m_Questions.Clear();
         return told;
     }
-    // Waits until no step runs.
-    void WaitForSteps() const
+    static bool WaitFor(const std::function<bool()>& condition)
     {
-        for (int i = 0; i < 1000 && !m_Step.GetRunningCommand().empty(); ++i)
+        for (int i = 0; i < 1000 && !condition(); ++i)
             std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        return condition();
     }
 
     CScratchDir m_Scratch;
     CDiskFileSystem m_Files;
     CRecordingQuestions m_Questions;
-    CPostBuildStep m_Step;
 };
-
-using Told = std::vector<std::u16string>;
 
 TEST_F(CPostBuildStepTest, RunsInItsDirectoryAndTellsFailures)
 {
-    EXPECT_EQ(Run(u"/bin/sh -c \"echo done > made.txt\""), Told{});
+    CPostBuildStep step;
+    EXPECT_EQ(Run(step, u"/bin/sh -c \"echo done > made.txt\""), u"");
     EXPECT_EQ(m_Scratch.ReadBytes("made.txt"), "done\n");
-    EXPECT_EQ(m_Step.GetRunningCommand(), u"");
-    EXPECT_EQ(Run(u"/bin/sh -c \"exit 3\""),
-              Told{u"Post Build Step: Post Build Step operation failed with exit code: 3"});
-    m_Questions.Clear();
-    EXPECT_EQ(Run(u"corvane-no-such-program"), Told{u"Post Build Step: Failed to execute Post Build Step."});
-    EXPECT_EQ(m_Step.GetRunningCommand(), u"");
-}
-
-// The directory of the tools is not the author's choice, so that a blank in it splits nothing.
-TEST_F(CPostBuildStepTest, TakesADirectoryWithBlanks)
-{
+    EXPECT_EQ(Run(step, u"/bin/sh -c \"exit 3\""),
+              u"Post Build Step: Post Build Step operation failed with exit code: 3");
+    EXPECT_EQ(Run(step, u"corvane-no-such-program"), u"Post Build Step: Failed to execute Post Build Step.");
+    EXPECT_EQ(step.GetRunningCommand(), u"");
+    // The directory of the tools is not the author's choice, so that a blank in it splits nothing.
     m_Scratch.WriteBytes("my tools/the tool", "#!/bin/sh\necho \"$1\" > \"$2\"\n");
-    std::filesystem::permissions(m_Scratch.GetPath() / "my tools/the tool",
-                                 std::filesystem::perms::owner_all);
+    const std::filesystem::path tool = m_Scratch.GetPath() / "my tools/the tool";
+    std::filesystem::permissions(tool, std::filesystem::perms::owner_all);
     std::filesystem::create_symlink("the tool", m_Scratch.GetPath() / "my tools/tool");
     const std::u16string directory = m_Scratch.Text("my tools/");
-    m_Step.Run(m_Files, m_Questions, directory + u"tool one a", directory);
-    m_Step.Run(m_Files, m_Questions, directory + u"\"the tool\" two b", directory);
-    EXPECT_EQ(GetTold(), Told{});
+    EXPECT_EQ(Run(step, directory + u"tool one a", "my tools/"), u"");
+    EXPECT_EQ(Run(step, directory + u"\"the tool\" two b", "my tools/"), u"");
     EXPECT_EQ(m_Scratch.ReadBytes("my tools/a") + m_Scratch.ReadBytes("my tools/b"), "one\ntwo\n");
 }
 
-TEST_F(CPostBuildStepTest, SlowStepIsNamedAndToldWhenItEnds)
+TEST_F(CPostBuildStepTest, SlowStepIsNamedToldWhenItEndsAndOutlivesItsOwner)
 {
     const std::u16string slow = u"/bin/sh -c \"while [ ! -e go ]; do sleep 0.01; done; exit 4\"";
-    m_Step.SetWait(0);
-    EXPECT_EQ(Run(slow), Told{});
-    EXPECT_EQ(m_Step.GetRunningCommand(), slow);
-    m_Step.TellOutcomes(m_Questions);
-    EXPECT_EQ(GetTold(), Told{});
-
-    m_Step.SetWait(30000);
-    EXPECT_EQ(Run(u"/bin/sh -c \"exit 5\"").size(), 1u) << "A second step does not wait for the first.";
-    EXPECT_EQ(m_Step.GetRunningCommand(), slow);
-
+    CPostBuildStep step;
+    step.SetWait(0);
+    EXPECT_EQ(Run(step, slow), u"");
+    step.TellOutcomes(m_Questions);
+    EXPECT_EQ(TakeTold(), u"");
+    step.SetWait(30000);
+    EXPECT_NE(Run(step, u"/bin/sh -c \"exit 5\""), u"") << "A second step does not wait for the first.";
+    EXPECT_EQ(step.GetRunningCommand(), slow);
+    auto owner = std::make_unique<CPostBuildStep>();
+    owner->SetWait(0);
+    const std::u16string late = u"/bin/sh -c \"while [ ! -e go ]; do sleep 0.01; done; echo > late\"";
+    EXPECT_EQ(Run(*owner, late), u"");
+    owner.reset();
     m_Scratch.WriteBytes("go", "");
-    WaitForSteps();
-    m_Questions.Clear();
-    m_Step.TellOutcomes(m_Questions);
-    m_Step.TellOutcomes(m_Questions);
-    EXPECT_EQ(GetTold(), Told{u"Post Build Step: Post Build Step operation failed with exit code: 4"});
+    EXPECT_TRUE(WaitFor([&] { return step.GetRunningCommand().empty() && m_Scratch.Exists("late"); }));
+    step.TellOutcomes(m_Questions);
+    step.TellOutcomes(m_Questions);
+    EXPECT_EQ(TakeTold(), u"Post Build Step: Post Build Step operation failed with exit code: 4");
 }
 
-TEST_F(CPostBuildStepTest, StepOutlivesTheObjectThatStartedIt)
-{
-    {
-        CPostBuildStep step;
-        step.SetWait(0);
-        step.Run(m_Files, m_Questions, u"/bin/sh -c \"sleep 0.1; echo late > late.txt\"", m_Scratch.Text(""));
-    }
-    for (int i = 0; i < 500 && !m_Scratch.Exists("late.txt"); ++i)
-        std::this_thread::sleep_for(std::chrono::milliseconds(10));
-    EXPECT_TRUE(m_Scratch.Exists("late.txt"));
-}
-
-class CCompileStepTest : public CCompileFixture
-{
-};
+using CCompileStepTest = CCompileFixture;
 
 TEST_F(CCompileStepTest, RunsAfterEveryCompileThatReachedItAndNeverChangesTheResult)
 {
     WriteRoot("PostBuildStep=no-such-step\n");
-    const std::u16string box = u"Post Build Step: Failed to execute Post Build Step.";
-    EXPECT_TRUE(Compile());
-    EXPECT_EQ(GetBoxes(), std::vector{box});
-
-    SetCreatorMode("refuse-database");
-    EXPECT_FALSE(Compile());
-    EXPECT_EQ(GetBoxes(), (std::vector<std::u16string>{u"Error: Failed to create new database.", box}));
-
+    const std::string box = "; Post Build Step: Failed to execute Post Build Step.";
+    SetCreatorMode("refuse database");
+    EXPECT_EQ(Compile(), "failed, old -9; Error: Failed to create new database." + box);
+    SetCreatorMode("refuse export");
+    EXPECT_EQ(Compile(), "failed, old; Error: Failed to locate the Game Database library.");
     SetCreatorMode("");
+    EXPECT_EQ(Compile(), "built new 8 20 21 22 23 24 25 9" + box);
     m_Questions.m_Cancel = [](std::u16string_view text) { return text == u"Compiling Attributes..."; };
-    EXPECT_FALSE(Compile());
-    EXPECT_EQ(GetBoxes(), std::vector{box});
-
-    m_Questions.m_Cancel = nullptr;
-    SetCreatorMode("null");
-    EXPECT_FALSE(Compile());
-    EXPECT_EQ(GetBoxes(), std::vector<std::u16string>{u"Error: Failed to locate the Game Database library."});
+    EXPECT_EQ(Compile(), "failed, new 8 20 21 22 23 24 -9" + box);
 }
 } // namespace
