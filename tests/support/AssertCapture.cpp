@@ -18,7 +18,7 @@ CAssertCapture::~CAssertCapture()
 bool CAssertCapture::Has(const std::string& text) const
 {
     return std::any_of(m_Entries.begin(), m_Entries.end(),
-                       [&](const SEntry& entry) { return entry.expression == text || entry.message == text; });
+                       [&](const SEntry& e) { return e.expression == text || e.message == text; });
 }
 
 int CAssertCapture::Handle(const char* expression, const char*, int, const char*, const char* message)

@@ -21,8 +21,6 @@ CScratchDir::~CScratchDir()
     fs::remove_all(m_Path, ignored);
 }
 
-std::u16string CScratchDir::Text(std::string_view relative) const { return (m_Path / relative).u16string(); }
-
 void CScratchDir::WriteBytes(std::string_view relative, std::string_view bytes) const
 {
     const fs::path path = m_Path / relative;
@@ -56,5 +54,3 @@ std::u16string CScratchDir::ReadUtf16(std::string_view relative) const
     std::memcpy(text.data(), bytes.data() + 2, text.size() * 2);
     return text;
 }
-
-bool CScratchDir::Exists(std::string_view relative) const { return fs::exists(m_Path / relative); }

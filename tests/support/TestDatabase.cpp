@@ -6,27 +6,16 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdlib>
+#include <iterator>
 #include <stdexcept>
 
 namespace fs = std::filesystem;
 
 namespace
 {
-constexpr std::string_view kDatabase = "Game/Database/";
-constexpr std::string_view kIdentity = "{11111111-2222-3333-4444-555555555555}";
-
-std::string InDatabase(std::string_view file)
-{
-    return std::string(kDatabase) + std::string(file);
-}
-
-std::string ReadLines(const CScratchDir& scratch, const std::string& file)
-{
-    std::string text = ToNarrow(scratch.ReadUtf16(file));
-    std::erase(text, '\r');
-    return text;
-}
+const std::string kDatabase = "Game/Database/";
 
 // A reference to what a test looks for, or the end of the test.
 template <class T> T& Require(T* object, std::string_view name)
@@ -46,7 +35,8 @@ CTestDatabase::CTestDatabase()
 {
     ::setenv("XDG_CONFIG_HOME", (m_Scratch.GetPath() / "config").c_str(), 1);
     m_Scratch.WriteBytes("Game/Game.proj00", "[Project Directories]\nResourceRoot=Data\n");
-    Write("Root.Gamdb00s", "[General]\nVersion=3\nName=Test\nDatabase=" + std::string(kIdentity) + "\n");
+    Write("Root.Gamdb00s",
+          "[General]\nVersion=3\nName=Test\nDatabase={11111111-2222-3333-4444-555555555555}\n");
     RegisterCorvaneTypes(m_Types, m_AttribData);
     const CCorvaneContext context{m_Files, m_Questions, m_Services, m_Run, m_Profile, m_Modules};
     m_pManager = std::make_unique<CCorvaneMgr>(context, m_Types, m_AttribData, m_Gate, m_Undo);
@@ -73,27 +63,29 @@ void CTestDatabase::Write(std::string_view file, std::string_view text) const
     std::string lines;
     for (const char unit : text)
         lines += unit == '\n' ? std::string("\r\n") : std::string(1, unit);
-    m_Scratch.WriteUtf16(InDatabase(file), ToWide(lines));
+    m_Scratch.WriteUtf16(kDatabase + std::string(file), ToWide(lines));
 }
 
 void CTestDatabase::WriteBytes(std::string_view file, std::string_view bytes) const
 {
-    m_Scratch.WriteBytes(InDatabase(file), bytes);
+    m_Scratch.WriteBytes(kDatabase + std::string(file), bytes);
 }
 
 std::string CTestDatabase::Read(std::string_view file) const
 {
-    return ReadLines(m_Scratch, InDatabase(file));
+    std::string text = ToNarrow(m_Scratch.ReadUtf16(kDatabase + std::string(file)));
+    std::erase(text, '\r');
+    return text;
 }
 
 fs::path CTestDatabase::GetPath(std::string_view file) const
 {
-    return m_Scratch.GetPath() / InDatabase(file);
+    return m_Scratch.GetPath() / (kDatabase + std::string(file));
 }
 
 std::u16string CTestDatabase::GetText(std::string_view file) const
 {
-    return m_Scratch.Text(InDatabase(file));
+    return m_Scratch.Text(kDatabase + std::string(file));
 }
 
 void CTestDatabase::AddSchema(std::string_view name, std::string_view sections, std::string_view parent) const
@@ -216,19 +208,16 @@ CTestDatabase::Snapshot CTestDatabase::TakeSnapshot() const
 std::string CTestDatabase::GetChanges(const Snapshot& before) const
 {
     const Snapshot after = TakeSnapshot();
-    Snapshot all = after;
-    all.insert(before.begin(), before.end());
+    Snapshot changed;
+    std::set_symmetric_difference(before.begin(), before.end(), after.begin(), after.end(),
+                                  std::inserter(changed, changed.end()));
     std::string names;
-    for (const auto& [name, state] : all)
-    {
-        const bool same = before.contains(name) && after.contains(name) && before.at(name) == after.at(name);
-        names += same ? "" : name + ";";
-    }
+    for (const auto& [name, state] : changed)
+        names += name + ";";
     return names;
 }
 
 std::string CTestDatabase::GetPerUserFile() const
 {
-    const std::string file = "config/Harrowgate Works/ZORN/Corvane/" + std::string(kIdentity) + ".ini";
-    return m_Scratch.Exists(file) ? ReadLines(m_Scratch, file) : std::string();
+    return m_Scratch.Exists(kUserFile) ? Read(std::string("../../") + kUserFile) : std::string();
 }

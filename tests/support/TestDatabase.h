@@ -57,10 +57,7 @@ public:
     [[nodiscard]] bool IsRecording() const override { return m_bRecording; }
     [[nodiscard]] bool IsReplaying() const override { return false; }
     [[nodiscard]] bool HasEntries() const override { return !m_Points.empty(); }
-    void AddRestorePoint(std::unique_ptr<CUndoRestorePoint> point) override
-    {
-        m_Points.push_back(std::move(point));
-    }
+    void AddRestorePoint(std::unique_ptr<CUndoRestorePoint> p) override { m_Points.push_back(std::move(p)); }
     void Clear() override { m_Points.clear(); }
 
     bool m_bRecording = false;
@@ -105,8 +102,10 @@ public:
     // Writes the locator and the root file; the directory of the database is "Game/Database".
     CTestDatabase();
     ~CTestDatabase();
-    CTestDatabase(const CTestDatabase&) = delete;
-    CTestDatabase& operator=(const CTestDatabase&) = delete;
+
+    // The user's own settings of this database, below the scratch directory.
+    static constexpr const char* kUserFile =
+        "config/Harrowgate Works/ZORN/Corvane/{11111111-2222-3333-4444-555555555555}.ini";
 
     // Files of the database, by paths below its directory. Texts are UTF-8 with '\n'; files are UTF-16 with
     // CR LF.

@@ -37,12 +37,15 @@ protected:
 TEST_F(DumpTool, ShowsTheDatabaseARecordAndASummary)
 {
     const char* const file = m_sFile.c_str();
-    ASSERT_EQ(Run({file}), DUMP_OK) << m_Error.str();
-    EXPECT_EQ(m_Out.str(), ReadGolden("small.json"));
-    ASSERT_EQ(Run({"--summary", file}), DUMP_OK);
-    EXPECT_EQ(m_Out.str(), ReadGolden("small.summary"));
-    ASSERT_EQ(Run({"--attributes", file}), DUMP_OK);
-    EXPECT_EQ(m_Out.str(), ReadGolden("small.attributes"));
+    const std::pair<std::vector<const char*>, const char*> goldens[] = {
+        {{file}, "small.json"},
+        {{"--summary", file}, "small.summary"},
+        {{"--attributes", file}, "small.attributes"}};
+    for (const auto& [arguments, golden] : goldens)
+    {
+        ASSERT_EQ(Run(arguments), DUMP_OK) << m_Error.str();
+        EXPECT_EQ(m_Out.str(), ReadGolden(golden));
+    }
     ASSERT_EQ(Run({"--record", "Units/Bare", file}), DUMP_OK);
     EXPECT_EQ(m_Out.str(),
               "{\n  \"path\": \"Units/Bare\",\n  \"category\": \"Units\",\n  \"name\": \"Bare\",\n"

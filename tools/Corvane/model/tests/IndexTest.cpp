@@ -22,33 +22,21 @@ template <class L, class F> auto* Scan(const L& list, F read, std::u16string_vie
 constexpr auto kName = [](const auto& object) { return object.GetName(); };
 constexpr auto kFile = [](const auto& object) { return object.GetFile(); };
 
-CCorvaneRecord* ScanNamespace(const CCorvaneCategory& category, std::u16string_view name)
-{
-    if (CCorvaneRecord* own = Scan(category.GetRecords(), kName, name))
-        return own;
-    for (const CRef<CCorvaneCategory>& child : category.GetChildren())
-    {
-        CCorvaneRecord* found = child->IsSystem() ? nullptr : ScanNamespace(*child, name);
-        if (found)
-            return found;
-    }
-    return nullptr;
-}
-
-// `except` counts in the list of the system category only.
-bool ScanTaken(const CCorvaneCategory& category, std::u16string_view name, const CCorvaneRecord* except)
+// The first record of the name space of `category`, but for `except`, which counts in its own list only.
+CCorvaneRecord* ScanNamespace(const CCorvaneCategory& category, std::u16string_view name,
+                              const CCorvaneRecord* except = nullptr)
 {
     for (const CRef<CCorvaneRecord>& record : category.GetRecords())
     {
         if (record.Get() != except && EqualNames(record->GetName(), name))
-            return true;
+            return record.Get();
     }
     for (const CRef<CCorvaneCategory>& child : category.GetChildren())
     {
-        if (!child->IsSystem() && ScanTaken(*child, name, nullptr))
-            return true;
+        if (CCorvaneRecord* found = child->IsSystem() ? nullptr : ScanNamespace(*child, name))
+            return found;
     }
-    return false;
+    return nullptr;
 }
 
 CCorvaneCategory* ScanCategoryFile(Categories list, std::u16string_view file)
@@ -79,7 +67,7 @@ public:
         Collect();
         m_pCategory = Pick(m_Categories);
         m_pRecord = m_Records.empty() ? nullptr : Pick(m_Records);
-        (this->*kSteps[Number(std::size(kSteps))])();
+        (this->*kSteps[m_pRecord ? Number(std::size(kSteps)) : 0])();
     }
 
     void Check()
@@ -100,7 +88,7 @@ public:
                 const CCorvaneCategory& system = *manager.GetSystemCategory(category);
                 CCorvaneRecord* except = m_Records.empty() ? nullptr : Pick(m_Records);
                 EXPECT_EQ(manager.IsRecordNameFree(*category, name, except),
-                          !ScanTaken(system, name, except));
+                          ScanNamespace(system, name, except) == nullptr);
                 const std::u16string file = u"/d/" + text + u"/cvd.category";
                 EXPECT_EQ(manager.FindCategoryByFile(file),
                           ScanCategoryFile(manager.GetRootCategories(), file));
@@ -112,10 +100,7 @@ private:
     static constexpr std::u16string_view kNames[] = {u"a",       u"A",       u"b", u"B (2)",
                                                      u"\u00e4x", u"\u00c4X", u"c"};
 
-    std::size_t Number(std::size_t below)
-    {
-        return std::uniform_int_distribution<std::size_t>(0, below - 1)(m_Random);
-    }
+    std::size_t Number(std::size_t below) { return m_Random() % below; }
     template <class T> T* Pick(const std::vector<T*>& list) { return list[Number(list.size())]; }
     std::u16string Name() { return std::u16string(kNames[Number(std::size(kNames))]); }
 
@@ -137,22 +122,15 @@ private:
         m_pCategory->AddRecord(*record);
         m_pCategory->AddRecord(*record); // Once more changes nothing.
     }
-    void RenameRecord() { EXPECT_TRUE(!m_pRecord || m_pRecord->SetName(Name())); }
-    void SetFile()
-    {
-        if (m_pRecord)
-            m_pRecord->SetFile(u"/d/" + Name() + u".record");
-    }
+    void RenameRecord() { EXPECT_TRUE(m_pRecord->SetName(Name())); }
+    void SetFile() { m_pRecord->SetFile(u"/d/" + Name() + u".record"); }
     void MoveRecord()
     {
-        if (m_pRecord)
-            static_cast<void>(m_Database.Get().MoveRecordUnchecked(m_pCategory, *m_pRecord, true));
+        static_cast<void>(m_Database.Get().MoveRecordUnchecked(m_pCategory, *m_pRecord, true));
     }
     void DropRecord()
     {
         const CRef<CCorvaneRecord> keepAlive(m_pRecord);
-        if (!m_pRecord)
-            return;
         EXPECT_TRUE(m_pRecord->GetCategory()->RemoveRecord(*m_pRecord));
         EXPECT_FALSE(m_pRecord->GetCategory()->RemoveRecord(*m_pRecord));
         m_pRecord->Clear();

@@ -1,6 +1,6 @@
 // Writing back: what a save changes on disk and what it must never touch, its questions, the close.
 #include "CorvaneType.h"
-#include "SaveProgress.h"
+#include "CustomFile.h"
 #include "TestDatabase.h"
 #include "Unicode.h"
 
@@ -11,42 +11,39 @@ using testing::HasSubstr;
 
 namespace
 {
-constexpr std::string_view kMarks =
-    "Inherit=False\nPlaceHolder=False\nTodo=False\nModified=False\nOverride=False\n"
-    "Lock=\nComment=\n";
-
-constexpr const char* kUserFile =
-    "config/Harrowgate Works/ZORN/Corvane/{11111111-2222-3333-4444-555555555555}.ini";
-
 void WriteCanonical(const CTestDatabase& database)
 {
-    const std::string marks(kMarks);
-    database.AddSchema(
-        "S", "[Attrib.Old.3]\nType=Text\nData=max=9\nDefault=a b\nUnicode=True\nDeleted=True\n"
-             "Inherit=False\nValues=-1\nHelp=h\n\n"
-             "[Attrib.Old.0]\nType=Text\nData=\nDefault=\nUnicode=False\nDeleted=False\nInherit=True\n"
-             "Values=2\nHelp=\n\n");
+    const std::string marks =
+        "PlaceHolder=False\nTodo=False\nModified=False\nOverride=False\nLock=\nComment=\n";
+    const std::string values = "Value.0000=1\nValue.0001=2\n\n";
+    database.AddSchema("S", "[Attrib.Old.3]\nType=Text\nData=max=9\nDefault=a b\nUnicode=True\nDeleted=True\n"
+                            "Inherit=False\nValues=-1\nHelp=h\n\n"
+                            "[Attrib.Old.0]\nType=Text\nData=\nDefault=\nUnicode=False\nDeleted=False\n"
+                            "Inherit=True\nValues=2\nHelp=\n\n");
     database.AddCategory("C", "S");
     database.AddCategory("C/D", "S");
     database.Write("C/a.record",
                    "[Record]\nSchema=S\nName=b\nComment=line\\nline \\\\ x\nVirtualRelativeCategory=V/W\n\n"
-                   "[Attrib.Old.3]\n" +
-                       marks +
-                       "Value.0000=\nValue.0001= x=y \n\n"
-                       "[Attrib.Old]\nInherit=False\nPlaceHolder=True\nTodo=True\nModified=True\nOverride="
-                       "True\nLock=mia\n"
-                       "Comment=C:\\\\x\nValue.0000=1\nValue.0001=2\n\n");
+                   "[Attrib.Old.3]\nInherit=False\n" +
+                       marks + "Value.0000=\nValue.0001= x=y \n\n[Attrib.Old]\nInherit=False\n" +
+                       "PlaceHolder=True\nTodo=True\nModified=True\nOverride=True\nLock=mia\n" +
+                       "Comment=C:\\\\x\n" + values);
     database.Write("C/D/child.record",
-                   "[Record]\nSchema=S\nName=child\nComment=\nVirtualRelativeCategory=\n\n"
-                   "[Hierarchy]\nRecord=C/b\n\n[Attrib.Old.3]\n" +
-                       marks + "\n[Attrib.Old]\n" + "Inherit=True" + marks.substr(13) +
-                       "Value.0000=1\nValue.0001=2\n\n");
+                   "[Record]\nSchema=S\nName=child\nComment=\nVirtualRelativeCategory=\n\n[Hierarchy]\n"
+                   "Record=C/b\n\n[Attrib.Old.3]\nInherit=False\n" +
+                       marks + "\n[Attrib.Old]\nInherit=True\n" + marks + values);
 }
 
 class Save : public testing::Test, protected CTestDatabase
 {
 protected:
-    void SetUp() override { WriteCanonical(*this); }
+    void SetUp() override
+    {
+        WriteCanonical(*this);
+        m_Before = TakeSnapshot();
+    }
+
+    Snapshot m_Before;
 };
 } // namespace
 
@@ -54,42 +51,56 @@ TEST_F(Save, AForcedSaveOfCanonicalFilesChangesNoByte)
 {
     fs::rename(GetPath("C/a.record"), GetPath("C/a.RECORD"));
     fs::rename(GetPath("Schemas/S.schema"), GetPath("Schemas/S.Schema"));
+    m_Before = TakeSnapshot();
     ASSERT_TRUE(Open());
-    const CTestDatabase::Snapshot before = TakeSnapshot();
     m_Events.clear();
     EXPECT_TRUE(Get().SaveDatabase({}, true));
-    EXPECT_EQ(GetChanges(before), "") << "not even a time may change";
+    EXPECT_EQ(GetChanges(m_Before), "") << "not even a time may change";
     EXPECT_THAT(m_Events, testing::ElementsAre(6, 16, 17, 18, 19, 64, 7));
-    EXPECT_EQ(GetTitles(), "");
     const auto& progress = m_Questions.GetProgress();
     EXPECT_EQ(progress.back(), u"100%");
     EXPECT_EQ(std::count(progress.begin(), progress.end(), u"Save Database: Initializing..."), 1);
+
+    // Nor does it change the sample game.
+    fs::remove_all(m_Scratch.GetPath() / "Game");
+    fs::copy(CORVANE_SAMPLE_OUTPOST, m_Scratch.GetPath() / "Game", fs::copy_options::recursive);
+    ASSERT_TRUE(Get().OpenDatabase(GetText("Outpost.Gamdb00s")));
+    m_Before = TakeSnapshot();
+    ASSERT_GT(m_Before.size(), 270U);
+    EXPECT_TRUE(Get().SaveDatabase({}, true));
+    std::size_t structs = 0;
+    Get().EnumerateCustomFiles(
+        [&structs](ICorvaneCustomFile& file)
+        {
+            file.SetModified(true);
+            structs += file.Save() ? 1 : 0;
+        });
+    EXPECT_EQ(structs, 5U);
+    EXPECT_EQ(GetChanges(m_Before) + GetTitles(), "");
 }
 
 TEST_F(Save, WritesWhatChangedWhereItLies)
 {
     ASSERT_TRUE(Open());
-    CTestDatabase::Snapshot before = TakeSnapshot();
     ASSERT_TRUE(Record("C/b").SetName(u"other"));
     Category("C").SetComment(u"new");
     EXPECT_TRUE(Get().SaveRecord(&Record("C/other"), true));
     EXPECT_FALSE(Record("C/other").TestFlag(RECORD_FLAG_MODIFIED));
     EXPECT_TRUE(Get().IsDirty());
-    EXPECT_THAT(Read("C/a.record"), HasSubstr("Name=other\n"));
-    EXPECT_THAT(Read("C/a.record"), HasSubstr("VirtualRelativeCategory=V/W\n"));
+    EXPECT_EQ(GetChanges(m_Before), "Game/Database/C/a.record;Game/Database/C/cvd.category;");
+    EXPECT_THAT(Read("C/a.record"), HasSubstr("\nName=other\nComment=line\\nline \\\\ x\n"
+                                              "VirtualRelativeCategory=V/W\n\n[Attrib.Old.3]\n"));
     EXPECT_EQ(Read("C/cvd.category"), "[Category]\nSchema=S\nComment=new\nHelp=\nSystem=True\n\n");
     // The child's key follows its parent's name at the child's next write only.
-    EXPECT_THAT(Read("C/D/child.record"), HasSubstr("Record=C/b\n"));
     EXPECT_TRUE(Get().SaveRecord(&Record("C/D/child"), false));
     EXPECT_THAT(Read("C/D/child.record"), HasSubstr("Record=C/other\n"));
-    EXPECT_EQ(TakeSnapshot().size(), before.size());
 }
 
 TEST_F(Save, AFirstSaveTakesNoOtherFilesPlaceAndASafeName)
 {
     Write("C/taken.record", "[Record]\nSchema=Other\nName=taken\n");
     ASSERT_TRUE(Open());
-    CTestDatabase::Snapshot before = TakeSnapshot();
+    m_Before = TakeSnapshot();
     CCorvaneCategory& category = Category("C");
     for (const auto& [name, expected] :
          {std::pair(u"taken", "taken (2)"), std::pair(u"TAKEN", "TAKEN (3)"), std::pair(u"../up", ".._up"),
@@ -102,9 +113,8 @@ TEST_F(Save, AFirstSaveTakesNoOtherFilesPlaceAndASafeName)
         EXPECT_EQ(record->GetFile(), GetText("C/" + std::string(expected) + ".record"));
         EXPECT_EQ(Get().FindRecordByFile(record->GetFile()), record.Get());
     }
-    EXPECT_EQ(GetChanges(before), "Game/Database/C/.._up.record;Game/Database/C/TAKEN (3).record;"
-                                  "Game/Database/C/_ (2).record;Game/Database/C/_.record;"
-                                  "Game/Database/C/tab_and_slash.record;Game/Database/C/taken (2).record;");
+    EXPECT_EQ(TakeSnapshot().size(), m_Before.size() + 6);
+    EXPECT_EQ(TakeSnapshot()["Game/Database/C/taken.record"], m_Before["Game/Database/C/taken.record"]);
 }
 
 TEST_F(Save, AFailedWriteAsksAndLeavesTheOldFile)
@@ -113,9 +123,7 @@ TEST_F(Save, AFailedWriteAsksAndLeavesTheOldFile)
     CCorvaneRecord& record = Record("C/b");
     ASSERT_TRUE(record.SetName(u"changed"));
     const fs::path file = GetPath("C/a.record");
-    const std::string old = Read("C/a.record");
     fs::permissions(file, fs::perms::owner_read);
-
     m_Questions.Prepare(u"Write Error", {EAnswer::Retry, EAnswer::Abort});
     EXPECT_FALSE(record.SaveToFile(false));
     EXPECT_EQ(GetTitles(), "Write Error;Write Error;");
@@ -123,12 +131,10 @@ TEST_F(Save, AFailedWriteAsksAndLeavesTheOldFile)
               "Could not write to the following file.  The file may be locked or there is insufficent disk "
               "space on this drive.\n\n" +
                   file.string());
-    EXPECT_TRUE(record.TestFlag(RECORD_FLAG_MODIFIED));
-
     m_Questions.Prepare(u"Write Error", {EAnswer::Ignore});
     EXPECT_TRUE(record.SaveToFile(false));
     EXPECT_TRUE(record.TestFlag(RECORD_FLAG_MODIFIED));
-    EXPECT_EQ(Read("C/a.record"), old);
+    EXPECT_EQ(GetChanges(m_Before), "");
 
     // The whole save goes on behind the failed file and tells at its end.
     m_Questions.Clear();
@@ -138,9 +144,17 @@ TEST_F(Save, AFailedWriteAsksAndLeavesTheOldFile)
     fs::permissions(GetPath("C/cvd.category"), fs::perms::owner_read);
     EXPECT_FALSE(Get().SaveDatabase({}, true));
     EXPECT_EQ(GetTitles(), "Write Error;Write Error;Save Failed;") << "schema and record, not the category";
-    EXPECT_THAT(Read("C/D/child.record"), HasSubstr("Comment=still written"));
-
+    EXPECT_EQ(GetChanges(m_Before), "Game/Database/C/D/child.record;");
     fs::permissions(file, fs::perms::owner_all);
+
+    // Source control that refuses keeps the file as well.
+    m_Questions.Clear();
+    m_Gate.m_bConnected = true;
+    m_Gate.m_bGrant = false;
+    EXPECT_FALSE(record.SaveToFile(true) || Get().SaveSchema(&Schema("S")));
+    EXPECT_EQ(GetTitles(), "Record Check Out Failed;Schema Check Out Failed;");
+    EXPECT_EQ(GetChanges(m_Before), "Game/Database/C/D/child.record;");
+    m_Gate.m_bGrant = true;
     EXPECT_TRUE(record.SaveToFile(false));
     EXPECT_THAT(Read("C/a.record"), HasSubstr("Name=changed"));
 }
@@ -149,7 +163,6 @@ TEST_F(Save, ACancelledSaveStopsOrFails)
 {
     ASSERT_TRUE(Open());
     ASSERT_TRUE(Record("C/b").SetName(u"changed"));
-    const CTestDatabase::Snapshot before = TakeSnapshot();
     // At the second pump of its stage the walk is among the records: the rest fails, and the end tells it.
     for (const auto& [stage, pump, told] :
          {std::tuple(u"Saving Schema Files...", 1, ""),
@@ -160,8 +173,7 @@ TEST_F(Save, ACancelledSaveStopsOrFails)
         m_Questions.m_Cancel = [&, name = stage, at = pump](std::u16string_view text)
         { return text == name && ++pumps >= at; };
         EXPECT_FALSE(Get().SaveDatabase({}, true));
-        EXPECT_EQ(GetTitles(), told);
-        EXPECT_EQ(GetChanges(before), "");
+        EXPECT_EQ(GetTitles() + GetChanges(m_Before), told);
     }
     EXPECT_TRUE(Record("C/changed").TestFlag(RECORD_FLAG_MODIFIED));
     m_Questions.m_Cancel = nullptr;
@@ -170,27 +182,13 @@ TEST_F(Save, ACancelledSaveStopsOrFails)
 TEST_F(Save, SaveAsMovesCategoriesAndRecordsOnly)
 {
     ASSERT_TRUE(Open());
-    const CTestDatabase::Snapshot before = TakeSnapshot();
     fs::create_directory(m_Scratch.GetPath() / "New");
     EXPECT_TRUE(Get().SaveDatabase(m_Scratch.Text("New/Root.Gamdb00s"), true));
-    EXPECT_EQ(GetChanges(before), "");
-    EXPECT_EQ(m_Scratch.ReadBytes("New/C/a.record"), before.at("Game/Database/C/a.record").first);
-    EXPECT_EQ(m_Scratch.ReadBytes("New/C/D/cvd.category"), before.at("Game/Database/C/D/cvd.category").first);
+    EXPECT_EQ(GetChanges(m_Before), "");
+    for (const std::string file : {"C/a.record", "C/D/cvd.category"})
+        EXPECT_EQ(m_Scratch.ReadBytes("New/" + file), m_Before.at("Game/Database/" + file).first);
     EXPECT_FALSE(m_Scratch.Exists("New/Schemas"));
     EXPECT_EQ(Get().FindRecordByFile(m_Scratch.Text("New/C/D/child.record")), &Record("C/D/child"));
-}
-
-TEST_F(Save, AGateThatRefusesKeepsTheFile)
-{
-    ASSERT_TRUE(Open());
-    const CTestDatabase::Snapshot before = TakeSnapshot();
-    ASSERT_TRUE(Record("C/b").SetName(u"changed"));
-    m_Gate.m_bConnected = true;
-    m_Gate.m_bGrant = false;
-    EXPECT_FALSE(Record("C/changed").SaveToFile(true));
-    EXPECT_FALSE(Get().SaveSchema(&Schema("S")));
-    EXPECT_EQ(GetTitles(), "Record Check Out Failed;Schema Check Out Failed;");
-    EXPECT_EQ(GetChanges(before), "");
 }
 
 TEST_F(Save, AReloadedRecordFollowsItsFile)
@@ -206,14 +204,11 @@ TEST_F(Save, AReloadedRecordFollowsItsFile)
     EXPECT_EQ(&Record("C/new"), &record);
     EXPECT_EQ(Get().FindRecord(u"C/b", nullptr), nullptr);
     EXPECT_EQ(record.GetCategory(), &Category("C/V"));
-    EXPECT_EQ(Value("C/new", "Old") + Value("C/new", "Old", 0, 1), "read");
-    EXPECT_EQ(Value("C/new", "Old", 3, 1), " x=y ");
+    EXPECT_EQ(Value("C/new", "Old") + Value("C/new", "Old", 0, 1) + Value("C/new", "Old", 3, 1), "read x=y ");
     EXPECT_FALSE(Attrib("C/new", "Old").IsTodo());
-    EXPECT_TRUE(record.ConnectHierarchy());
 
-    // A file that cannot be read leaves the record as it is; so does a category's.
+    // A file that cannot be read leaves the record as it is.
     WriteBytes("C/a.record", "ansi");
-    Get().SetDirty(false);
     EXPECT_FALSE(record.ReloadFromFile());
     EXPECT_EQ(record.GetName(), u"new");
     Write("C/D/cvd.category", "[Category]\nComment=a\\nb\nHelp=h\nSchema=Other\n");
@@ -222,11 +217,11 @@ TEST_F(Save, AReloadedRecordFollowsItsFile)
     EXPECT_FALSE(Category("C/D").IsSystem()) << "the mark follows the key, and this file has none";
     // What was a directory's own category shares the name space above from now on.
     EXPECT_EQ(Get().FindRecord(u"C/child", nullptr), &Record("C/D/child"));
+    Get().SetDirty(false);
 }
 
 TEST_F(Save, TheCloseTouchesNoFileAndWritesTheUsersOwn)
 {
-    const CTestDatabase::Snapshot before = TakeSnapshot();
     ASSERT_TRUE(Open());
     EXPECT_EQ(GetPerUserFile(), "") << "written at the close";
     Get().SetActiveBuild(12);
@@ -235,29 +230,29 @@ TEST_F(Save, TheCloseTouchesNoFileAndWritesTheUsersOwn)
     EXPECT_FALSE(Get().CloseDatabase());
     EXPECT_TRUE(Get().IsOpen());
     Close();
-    EXPECT_EQ(GetChanges(before), "");
+    EXPECT_EQ(GetChanges(m_Before), "");
     EXPECT_EQ(GetPerUserFile(), "[General]\nDatabase=Test\n\n[Database]\nVersion=3\nActive.Build=12\n\n");
-    EXPECT_EQ(m_Events.size() > 2 ? m_Events.back() : 0, 3);
+    EXPECT_EQ(m_Events.back(), 3);
 }
 
 TEST_F(Save, AFailedLoadLeavesTheUsersFileAlone)
 {
     m_Scratch.WriteUtf16(kUserFile, u"[Database]\r\nVersion=9\r\nOther=kept\r\n\r\n");
-    const std::string before = m_Scratch.ReadBytes(kUserFile);
+    const std::string before = GetPerUserFile();
     m_Gate.m_bRefuseConnection = true;
     EXPECT_FALSE(Open());
     EXPECT_EQ(GetTitles(), "Source Control Integration;");
-    fs::remove(m_Scratch.GetPath() / "Game/Game.proj00");
+    fs::rename(m_Scratch.GetPath() / "Game/Game.proj00", m_Scratch.GetPath() / "Game.proj00");
     EXPECT_FALSE(Open());
-    EXPECT_EQ(m_Scratch.ReadBytes(kUserFile), before);
+    EXPECT_EQ(GetPerUserFile(), before);
     // Keys of others survive a good load.
-    m_Scratch.WriteBytes("Game/Game.proj00", "");
+    fs::rename(m_Scratch.GetPath() / "Game.proj00", m_Scratch.GetPath() / "Game/Game.proj00");
     m_Questions.Prepare(u"Source Control Integration", {EAnswer::Retry, EAnswer::Ignore});
     ASSERT_TRUE(Open());
     Close();
-    m_Gate.m_bRefuseConnection = false;
     EXPECT_THAT(GetPerUserFile(), HasSubstr("Version=3\nOther=kept\nActive.Build=0\n"));
     // One that cannot be read is told, and is not overwritten.
+    m_Gate.m_bRefuseConnection = false;
     m_Questions.Clear();
     m_Scratch.WriteBytes(kUserFile, "[Database]\nActive.Build=12\n");
     ASSERT_TRUE(Open());

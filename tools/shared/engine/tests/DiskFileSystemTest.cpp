@@ -34,8 +34,6 @@ public:
         ::setrlimit(RLIMIT_FSIZE, &m_Before);
         std::signal(SIGXFSZ, m_pBefore);
     }
-    CSizeLimit(const CSizeLimit&) = delete;
-    CSizeLimit& operator=(const CSizeLimit&) = delete;
 
 private:
     rlimit m_Before{};
@@ -93,8 +91,7 @@ TEST_F(CDiskTest, WritesKeepTheModeAndGoThroughLinks)
     EXPECT_EQ(Write("dangling", "made"), EFileError::None);
     EXPECT_EQ(Write("self", "x"), EFileError::Loop);
     EXPECT_TRUE(fs::is_symlink(At("soft")) && fs::is_symlink(At("dangling")));
-    EXPECT_EQ(m_Scratch.ReadBytes("f"), "new");
-    EXPECT_EQ(m_Scratch.ReadBytes("later"), "made");
+    EXPECT_EQ(m_Scratch.ReadBytes("f") + m_Scratch.ReadBytes("later"), "newmade");
     EXPECT_EQ(fs::status(At("f")).permissions(), fs::perms(0640));
     EXPECT_EQ(CountEntries(), 5);
 
@@ -103,8 +100,7 @@ TEST_F(CDiskTest, WritesKeepTheModeAndGoThroughLinks)
     ASSERT_EQ(Read(m_Scratch.Text("f"), &first), EFileError::None);
     for (const char* name : {"hard", "soft", "later"})
     {
-        SFileInfo asked;
-        SFileInfo read;
+        SFileInfo asked, read;
         ASSERT_TRUE(m_Files.GetInfo(m_Scratch.Text(name), asked).IsOk());
         ASSERT_EQ(Read(m_Scratch.Text(name), &read), EFileError::None);
         EXPECT_EQ(read.m_nNode, asked.m_nNode);
@@ -124,10 +120,8 @@ TEST_F(CDiskTest, ListingFollowsLinksAndLeavesOutWhatCannotBeOpened)
     std::vector<SDirectoryEntry> entries;
     ASSERT_TRUE(m_Files.ListDirectory(m_Scratch.Text(""), {true, true, u"rec"}, entries).IsOk());
     ASSERT_EQ(entries.size(), 3U);
-    EXPECT_EQ(entries[0].m_sName, u"link.rec");
-    EXPECT_EQ(entries[1].m_sName, u"loop");
-    EXPECT_TRUE(entries[1].m_bDirectory);
-    EXPECT_EQ(entries[1].m_nNode, entries[2].m_nNode);
+    EXPECT_EQ(entries[0].m_sName + entries[1].m_sName, u"link.recloop");
+    EXPECT_TRUE(entries[1].m_bDirectory && entries[1].m_nNode == entries[2].m_nNode);
 }
 
 TEST_F(CDiskTest, OddFilesNeitherHangNorExhaust)
@@ -140,8 +134,7 @@ TEST_F(CDiskTest, OddFilesNeitherHangNorExhaust)
     EXPECT_EQ(Read(m_Scratch.Text("huge")), EFileError::OutOfMemory);
     EXPECT_EQ(Write("pipe", "x"), EFileError::NotAFile);
     CFileError error;
-    EXPECT_EQ(m_Files.OpenStream(m_Scratch.Text("pipe"), error), nullptr);
-    EXPECT_FALSE(error.IsOk());
+    EXPECT_TRUE(m_Files.OpenStream(m_Scratch.Text("pipe"), error) == nullptr && !error.IsOk());
     // Its size is told as 0.
     SFileInfo info;
     ASSERT_EQ(Read(u"/proc/self/maps", &info), EFileError::None);

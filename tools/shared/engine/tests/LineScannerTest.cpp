@@ -48,19 +48,6 @@ std::vector<std::u16string> SplitPlainly(std::u16string_view text)
 }
 } // namespace
 
-TEST(LineScanner, MarksAgreeWithTheirDefinition)
-{
-    std::mt19937 random(19);
-    for (int round = 0; round < 5000; ++round)
-    {
-        const std::u16string units = RandomUnits(random, kLineBlock);
-        const SLineMarks fast = FindLineMarks(units.data());
-        const SLineMarks plain = FindLineMarksPlainly(units.data());
-        ASSERT_TRUE(fast.ends == plain.ends && fast.equals == plain.equals && fast.lasts == plain.lasts &&
-                    fast.zeros == plain.zeros);
-    }
-}
-
 TEST(LineScanner, LinesAcrossBlocks)
 {
     std::mt19937 random(23);

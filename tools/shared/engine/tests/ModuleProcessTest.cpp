@@ -8,18 +8,6 @@
 
 namespace fs = std::filesystem;
 
-TEST(Module, Candidates)
-{
-    CDiskFileSystem files;
-    const CModuleFinder finder(files, u"/prog/", u"/mods");
-    const std::vector<std::u16string> expected = {u"D:\\g\\Creator.dll", u"D:\\g\\libCreator.so",
-                                                  u"/prog/Creator.dll",  u"/prog/libCreator.so",
-                                                  u"/mods/Creator.dll",  u"/mods/libCreator.so"};
-    EXPECT_EQ(finder.GetCandidates(u"D:\\g\\Creator.dll"), expected);
-    EXPECT_TRUE(finder.GetCandidates(u"").empty() && finder.GetCandidates(u"/dir/").empty());
-    EXPECT_EQ(finder.GetCandidates(u"libX.so").size(), 3U);
-}
-
 TEST(Module, IsFoundUnderThisSystemsNameAndAFailureNamesTheFile)
 {
     CScratchDir scratch;
@@ -31,6 +19,12 @@ TEST(Module, IsFoundUnderThisSystemsNameAndAFailureNamesTheFile)
     scratch.WriteBytes("libBroken.so", "\x7F"
                                        "ELF and nothing else");
     const CModuleFinder finder(files, scratch.Text("prog"), scratch.Text("mods"));
+    EXPECT_EQ(
+        CModuleFinder(files, u"/prog/", u"/mods").GetCandidates(u"D:\\g\\Creator.dll"),
+        (std::vector<std::u16string>{u"D:\\g\\Creator.dll", u"D:\\g\\libCreator.so", u"/prog/Creator.dll",
+                                     u"/prog/libCreator.so", u"/mods/Creator.dll", u"/mods/libCreator.so"}));
+    EXPECT_EQ(finder.GetCandidates(u"libX.so").size(), 3U);
+    EXPECT_TRUE(finder.GetCandidates(u"").empty() && finder.GetCandidates(u"/dir/").empty());
     std::u16string error;
     CModule module = finder.Load(scratch.Text("game") + u"\\Test.dll", error);
     ASSERT_TRUE(module.IsLoaded()) << ToNarrow(error);

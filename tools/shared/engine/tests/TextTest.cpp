@@ -98,41 +98,26 @@ TEST(Unicode, MalformedTextBecomesTheReplacement)
 
 TEST(NumberText, ReadsAndWritesNumbers)
 {
+    std::u16string shown;
+    for (const std::u16string_view text : {u"",    u"12",     u" \t-7x",      u"+5",
+                                           u"- 5", u"0x10",   u"2147483648",  u"-2147483648",
+                                           u"1e3", u"True",   u"1.5",         u" -2.5e1z",
+                                           u"+.5", u"5.",     u".",           u"inf",
+                                           u"nan", u"0x1p3",  u"1e",          u"1e+2",
+                                           u"1,5", u"1e-999", u"99999999999", u"0.001e-99999999999999999999"})
+        shown += FormatText(u"%s=%d %f|", text, ParseInteger(text), double{ParseFloat(text)});
+    EXPECT_EQ(ToNarrow(shown),
+              "=0 0.000000|12=12 12.000000| \t-7x=-7 -7.000000|+5=5 5.000000|- 5=0 0.000000|0x10=0 0.000000|"
+              "2147483648=2147483647 2147483648.000000|-2147483648=-2147483648 -2147483648.000000|"
+              "1e3=1 1000.000000|True=0 0.000000|1.5=1 1.500000| -2.5e1z=-2 -25.000000|+.5=0 0.500000|"
+              "5.=5 5.000000|.=0 0.000000|inf=0 0.000000|nan=0 0.000000|0x1p3=0 0.000000|1e=1 1.000000|"
+              "1e+2=1 100.000000|1,5=1 1.000000|1e-999=1 0.000000|99999999999=2147483647 99999997952.000000|"
+              "0.001e-99999999999999999999=0 0.000000|");
+    EXPECT_EQ(ParseFloat(u"0.1"), 0.1F);
     constexpr float kLargest = std::numeric_limits<float>::max();
-    const std::tuple<std::u16string_view, std::int32_t, float> rows[] = {
-        {u"", 0, 0},
-        {u"12", 12, 12},
-        {u" \t-7x", -7, -7},
-        {u"+5", 5, 5},
-        {u"- 5", 0, 0},
-        {u"0x10", 0, 0},
-        {u"2147483648", 2147483647, 2147483648.0F},
-        {u"-2147483648", -2147483647 - 1, -2147483648.0F},
-        {u"1e3", 1, 1000},
-        {u"True", 0, 0},
-        {u"1.5", 1, 1.5F},
-        {u" -2.5e1z", -2, -25},
-        {u"+.5", 0, 0.5F},
-        {u"5.", 5, 5},
-        {u".", 0, 0},
-        {u"inf", 0, 0},
-        {u"nan", 0, 0},
-        {u"0x1p3", 0, 0},
-        {u"1e", 1, 1},
-        {u"1e+2", 1, 100},
-        {u"1,5", 1, 1},
-        {u"1e39", 1, kLargest},
-        {u"-1e999", -1, -kLargest},
-        {u"1e-999", 1, 0},
-        {u"0.1", 0, 0.1F},
-        {u"1e99999999999999999999", 1, kLargest},
-        {u"99999999999999999999999", 2147483647, 1e23F},
-        {u"0.001e-99999999999999999999", 0, 0}};
-    for (const auto& [text, integer, real] : rows)
-    {
-        EXPECT_EQ(ParseInteger(text), integer) << ToNarrow(text);
-        EXPECT_EQ(ParseFloat(text), real) << ToNarrow(text);
-    }
+    for (const std::u16string_view text : {u"1e39", u"1e99999999999999999999"})
+        EXPECT_EQ(ParseFloat(text), kLargest) << ToNarrow(text);
+    EXPECT_EQ(ParseFloat(u"-1e999"), -kLargest);
     EXPECT_TRUE(std::signbit(ParseFloat(u"-0")));
     EXPECT_EQ(FormatFloat(1.5), u"1.500000");
     EXPECT_EQ(FormatFloat(-0.0000004), u"-0.000000");
