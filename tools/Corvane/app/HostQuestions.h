@@ -17,6 +17,7 @@ public:
         return m_pHost->CreateProgress(title);
     }
     void PumpMessages() override { m_pHost->PumpMessages(); }
+    [[nodiscard]] bool HasWindow() const override { return m_pHost->HasWindow(); }
 
 private:
     IQuestions* m_pHost;

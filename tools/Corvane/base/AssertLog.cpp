@@ -105,6 +105,7 @@ void CAssertLog::Install()
 int CAssertLog::Log(const char* expression, const char* file, int line, const char* function,
                     const char* message)
 {
+    const std::lock_guard lock(m_Mutex);
     OpenOnce();
     if (m_pFile == nullptr)
         return ZRASSERT_CONTINUE;

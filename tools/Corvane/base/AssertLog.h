@@ -5,6 +5,7 @@
 #include "zrassert.h"
 
 #include <cstdio>
+#include <mutex>
 #include <string>
 
 class CAssertLog
@@ -19,7 +20,7 @@ public:
 
     // Makes this log the process's assertion handler until it goes.
     void Install();
-    // Writes one entry and returns ZRASSERT_CONTINUE.
+    // Writes one entry and returns ZRASSERT_CONTINUE. Any thread may call it.
     int Log(const char* expression, const char* file, int line, const char* function, const char* message);
     // Path of the open log; empty before the first assertion.
     [[nodiscard]] const std::string& GetPath() const { return m_sPath; }
@@ -30,6 +31,7 @@ private:
 
     std::string m_sProgramFile;
     std::string m_sPath;
+    std::mutex m_Mutex; // A worker's assertions meet those of the main thread here.
     std::FILE* m_pFile = nullptr;
     bool m_bTried = false;
     bool m_bInstalled = false;

@@ -73,6 +73,9 @@ public:
     [[nodiscard]] virtual std::unique_ptr<IProgress> CreateProgress(std::u16string_view title) = 0;
     // Brings work that was posted to the main thread forward; a window handles its input.
     virtual void PumpMessages() = 0;
+    // Whether there is a window, whose input must be handled while long work runs. Such work then leaves the
+    // main thread to it.
+    [[nodiscard]] virtual bool HasWindow() const { return false; }
 
     // Shows a message with an OK button.
     void Tell(std::u16string_view title, std::u16string_view text, EIcon icon = EIcon::Exclamation);

@@ -14,6 +14,7 @@ public:
     [[nodiscard]] EAnswer Ask(const CQuestion& question) override;
     [[nodiscard]] std::unique_ptr<IProgress> CreateProgress(std::u16string_view title) override;
     void PumpMessages() override {}
+    [[nodiscard]] bool HasWindow() const override { return m_bWindow; }
 
     // Answers to questions with this title, in order; the last one repeats. Others get the unattended answer.
     void Prepare(std::u16string_view title, std::vector<EAnswer> answers);
@@ -26,6 +27,8 @@ public:
     [[nodiscard]] const std::vector<std::u16string>& GetProgress() const { return m_Progress; }
     // Asked at each pump; true cancels. Empty means never.
     std::function<bool(std::u16string_view lastText)> m_Cancel;
+    // The host claims to have a window.
+    bool m_bWindow = false;
 
 private:
     friend class CRecordingProgress;
