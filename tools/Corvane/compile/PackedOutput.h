@@ -1,12 +1,10 @@
-// The file that a compile writes: it grows under a temporary name in the target's directory and takes the
-// target's place only when it is complete. Until then, and after any failure, the old file stays as it was.
+// The stream that a compile writes its file through; see CTargetFile for what becomes of the old file.
 #pragma once
 
-#include "FileSystem.h"
+#include "TargetFile.h"
 #include "izroutconverter.h"
 
 #include <memory>
-#include <string>
 #include <string_view>
 
 class CPackedOutput
@@ -14,7 +12,6 @@ class CPackedOutput
 public:
     // `files` is not owned.
     CPackedOutput(IFileSystem& files, std::u16string_view target);
-    // Removes the temporary file of an output that was not committed.
     ~CPackedOutput();
     CPackedOutput(const CPackedOutput&) = delete;
     CPackedOutput& operator=(const CPackedOutput&) = delete;
@@ -28,8 +25,6 @@ public:
 
 private:
     IFileSystem& m_Files;
-    std::u16string m_sTarget;
-    std::u16string m_sTemporary;
+    CTargetFile m_Target;
     std::unique_ptr<IZROutStream> m_pStream;
-    bool m_bExists = false; // There is a temporary file.
 };
