@@ -24,6 +24,14 @@ using CClock = std::chrono::steady_clock;
 constexpr std::size_t kRecordsPerCategory = 100;
 constexpr int kPacks = 3;
 constexpr std::size_t kQuestions = 1000;
+// How far away a near link's record lies at most, counted in records.
+constexpr std::size_t kNear = 500;
+
+enum class EReach
+{
+    Database,
+    Neighbourhood,
+};
 
 double MillisecondsSince(CClock::time_point start)
 {
@@ -47,8 +55,9 @@ void WriteText(const std::filesystem::path& file, const std::string& text)
 class CLinkedRecords
 {
 public:
-    CLinkedRecords(const std::filesystem::path& directory, const std::string& type, std::size_t records)
-        : m_Directory(directory / type), m_nRecords(records), m_Host(m_Disk, m_Directory)
+    CLinkedRecords(const std::filesystem::path& directory, const std::string& type, std::size_t records,
+                   EReach reach = EReach::Database)
+        : m_Directory(directory / type), m_nRecords(records), m_Reach(reach), m_Host(m_Disk, m_Directory)
     {
         WriteFiles(type);
         if (!m_Host.Load(m_Directory / "Database/Links.Gamdb00s"))
@@ -113,8 +122,7 @@ private:
         m_pCategory->AddRecord(*record);
         for (std::size_t i = 0; i < kLinksPerRecord; ++i)
         {
-            // All over the database, but only to every second record.
-            const std::size_t target = (index * 7919 + i * 104729) % m_nRecords / 2 * 2;
+            const std::size_t target = GetTarget(index, i);
             const CRef<CCorvaneAttrib>& attrib = record->GetAttributeList()[i];
             good = attrib->SetValue(
                        0, FormatText(u"Things %d/Thing %d", target / kRecordsPerCategory, target)) &&
@@ -123,6 +131,15 @@ private:
         if (!good)
             throw std::runtime_error("A record could not be made.");
         m_Records.push_back(record.Get());
+    }
+
+    // Only every second record is linked to.
+    [[nodiscard]] std::size_t GetTarget(std::size_t record, std::size_t link) const
+    {
+        const std::size_t step = record * 7919 + link * 104729;
+        const std::size_t target =
+            m_Reach == EReach::Database ? step : record + (m_nRecords - 1) * kNear + step % (2 * kNear);
+        return target % m_nRecords / 2 * 2;
     }
 
     [[nodiscard]] double MeasureOnePass()
@@ -143,6 +160,7 @@ private:
 
     std::filesystem::path m_Directory;
     std::size_t m_nRecords;
+    EReach m_Reach;
     CDiskFileSystem m_Disk;
     CBenchHost m_Host;
     CCorvaneCategory* m_pCategory = nullptr;
@@ -203,9 +221,14 @@ bool MeasureLinks(const std::filesystem::path& directory, std::size_t records, S
             CLinkedRecords texts(directory, "Text", records);
             out.m_nTextPassMs = texts.MeasurePass();
         }
+        {
+            CLinkedRecords links(directory, "RecordLink", records, EReach::Neighbourhood);
+            out.m_nNearLinkPassMs = links.MeasurePass();
+        }
         CLinkedRecords links(directory, "RecordLink", records);
         out.m_nLinkPassMs = links.MeasurePass();
-        return out.m_nTextPassMs > 0 && out.m_nLinkPassMs > 0 && MeasureQuestions(links, out);
+        return out.m_nTextPassMs > 0 && out.m_nNearLinkPassMs > 0 && out.m_nLinkPassMs > 0 &&
+               MeasureQuestions(links, out);
     }
     catch (const std::exception& failure)
     {

@@ -44,6 +44,7 @@ constexpr SField kFields[] = {
     {"pack_blocks", &SMeasurement::m_nPackBlocks},
     {"text_pass_ms", &SMeasurement::m_nTextPassMs},
     {"link_pass_ms", &SMeasurement::m_nLinkPassMs},
+    {"near_link_pass_ms", &SMeasurement::m_nNearLinkPassMs},
     {"first_question_ms", &SMeasurement::m_nFirstQuestionMs},
     {"question_ms", &SMeasurement::m_nQuestionMs},
     {"round_ms", &SMeasurement::m_nRoundMs},

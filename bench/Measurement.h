@@ -29,6 +29,7 @@ struct SMeasurement
     // Of databases of their own, whose attributes are all links or all texts of the same length.
     double m_nTextPassMs = 0; // The attribute pass of a pack.
     double m_nLinkPassMs = 0;
+    double m_nNearLinkPassMs = 0;
     double m_nFirstQuestionMs = 0; // Whether a record may be deleted, with the making of the index.
     double m_nQuestionMs = 0;      // The same with the index.
     double m_nRoundMs = 0;         // The same by a round over all links.

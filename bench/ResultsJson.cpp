@@ -132,8 +132,10 @@ void WriteLinks(std::ostream& out, const SLinkResult& result)
     links.Number("rounds", static_cast<double>(result.m_Rounds.size()));
     WriteSpread(links, "text_pass_ms", result.GetSpread(&SMeasurement::m_nTextPassMs));
     WriteSpread(links, "link_pass_ms", result.GetSpread(&SMeasurement::m_nLinkPassMs));
+    WriteSpread(links, "near_link_pass_ms", result.GetSpread(&SMeasurement::m_nNearLinkPassMs));
     links.Number("text_ns", result.GetNanoseconds(&SMeasurement::m_nTextPassMs));
     links.Number("link_ns", result.GetNanoseconds(&SMeasurement::m_nLinkPassMs));
+    links.Number("near_link_ns", result.GetNanoseconds(&SMeasurement::m_nNearLinkPassMs));
     WriteSpread(links, "first_question_ms", result.GetSpread(&SMeasurement::m_nFirstQuestionMs));
     WriteSpread(links, "question_ms", result.GetSpread(&SMeasurement::m_nQuestionMs));
     WriteSpread(links, "question_by_round_ms", result.GetSpread(&SMeasurement::m_nRoundMs));

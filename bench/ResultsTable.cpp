@@ -59,10 +59,13 @@ void PrintLinks(std::ostream& out, const SLinkResult& result)
 {
     const double text = result.GetNanoseconds(&SMeasurement::m_nTextPassMs);
     const double link = result.GetNanoseconds(&SMeasurement::m_nLinkPassMs);
+    const double near = result.GetNanoseconds(&SMeasurement::m_nNearLinkPassMs);
     out << '\n' << result.m_nRecords << " records with " << kLinksPerRecord << " links each\n";
     PrintRow(out, "a text in the attribute pass", text, "ns");
     PrintRow(out, "a link in the attribute pass", link, "ns");
     PrintRow(out, "  against the text", link / text, "");
+    PrintRow(out, "a link to a near record", near, "ns");
+    PrintRow(out, "  against the text", near / text, "");
     const auto least = [&](double SMeasurement::*value) { return result.GetSpread(value).m_nLeast; };
     PrintRow(out, "first question before a delete", least(&SMeasurement::m_nFirstQuestionMs), "ms");
     PrintRow(out, "a later question", least(&SMeasurement::m_nQuestionMs) * 1000, "us");
