@@ -2,36 +2,12 @@
 
 #include "Command.h"
 #include "FileSystem.h"
+#include "SignalHold.h"
 #include "Unicode.h"
 
 #include <cerrno>
-#include <csignal>
 #include <cstdio>
 #include <span>
-
-namespace
-{
-// Keeps the signals that end a run away while a file is being replaced, so that no half of it stays behind.
-// One that comes meanwhile ends the run at the end of the scope.
-class CSignalHold
-{
-public:
-    CSignalHold()
-    {
-        sigset_t held;
-        sigemptyset(&held);
-        for (const int signal : {SIGINT, SIGTERM, SIGHUP})
-            sigaddset(&held, signal);
-        ::pthread_sigmask(SIG_BLOCK, &held, &m_Before);
-    }
-    ~CSignalHold() { ::pthread_sigmask(SIG_SETMASK, &m_Before, nullptr); }
-    CSignalHold(const CSignalHold&) = delete;
-    CSignalHold& operator=(const CSignalHold&) = delete;
-
-private:
-    sigset_t m_Before;
-};
-} // namespace
 
 void PrintError(std::string_view text)
 {

@@ -1,4 +1,4 @@
-// The arguments of a sub-command: options, which begin with "--", and parameters.
+// The arguments of a program or a sub-command: options, which begin with "--", and parameters.
 //
 // The value of an option is the next argument or stands behind a '=' ("--build 7", "--build=7"). Behind "--"
 // everything is a parameter. An option may be given once.
