@@ -2,27 +2,13 @@
 
 #include "FindingPlace.h"
 #include "FormatText.h"
-#include "JsonWriter.h"
+#include "JsonReport.h"
+#include "Output.h"
 #include "Unicode.h"
 #include "ValidateCore.h"
 
-#include <algorithm>
-#include <sstream>
-
 namespace
 {
-using ELayout = CJsonWriter::ELayout;
-
-constexpr std::int64_t kFormat = 1;
-
-// A finding is one line, and a value must not drive a terminal.
-void ReplaceControls(std::u16string& text)
-{
-    std::replace_if(
-        text.begin(), text.end(), [](char16_t unit) { return unit < 0x20 || (unit >= 0x7F && unit < 0xA0); },
-        u' ');
-}
-
 std::u16string FormatLine(std::u16string_view rootFile, const CValidateError& error)
 {
     const SFindingPlace place = DescribePlace(error.m_pAttrib.Get());
@@ -31,57 +17,38 @@ std::u16string FormatLine(std::u16string_view rootFile, const CValidateError& er
     if (error.m_pAttrib)
         line += FormatText(u"%s, %s[%u]: ", place.m_sRecord, place.m_sAttribute, error.m_nValueIndex);
     line += FormatText(u"%s: %s", error.m_sType, error.m_sDescription);
-    ReplaceControls(line);
-    return line;
+    return MakeLine(line);
 }
 
-void WriteText(CJsonWriter& json, std::string_view key, std::u16string_view text)
+void WriteFinding(CJsonReport& report, const CValidateError& error)
 {
-    json.Key(key);
-    json.Text(text);
-}
-
-void WriteNumber(CJsonWriter& json, std::string_view key, std::size_t number)
-{
-    json.Key(key);
-    json.Integer(static_cast<std::int64_t>(number));
-}
-
-void WriteFinding(CJsonWriter& json, const CValidateError& error)
-{
-    json.BeginObject(ELayout::Lines);
-    WriteText(json, "severity", error.m_Severity == ESeverity::Critical ? u"critical" : u"warning");
-    WriteText(json, "error", error.m_sType);
-    WriteText(json, "description", error.m_sDescription);
+    report.BeginObject();
+    report.Text("severity", error.m_Severity == ESeverity::Critical ? u"critical" : u"warning");
+    report.Text("error", error.m_sType);
+    report.Text("description", error.m_sDescription);
     if (error.m_pAttrib)
     {
         const SFindingPlace place = DescribePlace(error.m_pAttrib.Get());
-        WriteText(json, "file", place.m_sFile);
-        WriteText(json, "record", place.m_sRecord);
-        WriteText(json, "attribute", place.m_sAttribute);
-        WriteNumber(json, "attributeBuild", error.m_pAttrib->GetBuild());
-        WriteText(json, "type", place.m_sTypeName);
-        WriteNumber(json, "value", error.m_nValueIndex);
+        report.Text("file", place.m_sFile);
+        report.Text("record", place.m_sRecord);
+        report.Text("attribute", place.m_sAttribute);
+        report.Number("attributeBuild", error.m_pAttrib->GetBuild());
+        report.Text("type", place.m_sTypeName);
+        report.Number("value", static_cast<std::int64_t>(error.m_nValueIndex));
     }
-    json.EndObject();
+    report.EndObject();
 }
 
-void WriteCore(CJsonWriter& json, const CValidateCore& core, std::size_t records)
+void WriteCore(CJsonReport& report, const CValidateCore& core, std::size_t records)
 {
-    WriteNumber(json, "build", core.GetBuild());
-    WriteNumber(json, "records", records);
-    WriteNumber(json, "critical", core.GetCriticalCount());
-    WriteNumber(json, "warnings", core.GetWarningCount());
-    json.Key("findings");
-    json.BeginArray(ELayout::Lines);
+    report.Number("build", core.GetBuild());
+    report.Number("records", static_cast<std::int64_t>(records));
+    report.Number("critical", static_cast<std::int64_t>(core.GetCriticalCount()));
+    report.Number("warnings", static_cast<std::int64_t>(core.GetWarningCount()));
+    report.BeginList("findings");
     for (const CValidateError& error : core.GetErrors())
-        WriteFinding(json, error);
-    json.EndArray();
-}
-
-std::string Count(std::size_t number, const std::string& thing)
-{
-    return std::to_string(number) + " " + thing + (number == 1 ? "" : "s");
+        WriteFinding(report, error);
+    report.EndList();
 }
 } // namespace
 
@@ -95,28 +62,10 @@ std::string FormatFindings(const SValidation& validation)
 
 std::string FormatFindingsJson(const SValidation& validation)
 {
-    std::ostringstream out;
-    CJsonWriter json(out);
-    json.BeginObject(ELayout::Lines);
-    json.Key("format");
-    json.Integer(kFormat);
-    WriteText(json, "root", validation.m_sRootFile);
-    json.Key("loaded");
-    json.Boolean(validation.m_pCore != nullptr);
+    CJsonReport report(validation.m_sRootFile, validation.m_pCore != nullptr);
     if (validation.m_pCore)
-        WriteCore(json, *validation.m_pCore, validation.m_nRecords);
-    json.Key("messages");
-    json.BeginArray(ELayout::Lines);
-    for (const CMessageCollector::SMessage& message : validation.m_Messages)
-    {
-        json.BeginObject(ELayout::Inline);
-        WriteText(json, "title", message.m_sTitle);
-        WriteText(json, "text", message.m_sText);
-        json.EndObject();
-    }
-    json.EndArray();
-    json.EndObject();
-    return out.str();
+        WriteCore(report, *validation.m_pCore, validation.m_nRecords);
+    return report.Finish(validation.m_Messages);
 }
 
 std::string FormatSummary(const SValidation& validation)

@@ -5,6 +5,7 @@
 #include "SignalHold.h"
 #include "Unicode.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <span>
@@ -14,6 +15,20 @@ void PrintError(std::string_view text)
     std::fflush(stdout);
     const std::string line = "corvanectl: " + std::string(text) + (text.ends_with('\n') ? "" : "\n");
     std::fputs(line.c_str(), stderr);
+}
+
+std::u16string MakeLine(std::u16string_view text)
+{
+    std::u16string line(text);
+    std::replace_if(
+        line.begin(), line.end(), [](char16_t unit) { return unit < 0x20 || (unit >= 0x7F && unit < 0xA0); },
+        u' ');
+    return line;
+}
+
+std::string Count(std::size_t number, std::string_view thing)
+{
+    return std::to_string(number) + ' ' + std::string(thing) + (number == 1 ? "" : "s");
 }
 
 int PrintResult(std::string_view text)

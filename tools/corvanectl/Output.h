@@ -1,6 +1,7 @@
 // Where a sub-command's result and its words to the user go.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -8,6 +9,12 @@ class IFileSystem;
 
 // A message on standard error, with the program's name ahead. `text` is UTF-8 without a line end at its end.
 void PrintError(std::string_view text);
+
+// A text as part of one line: control characters become blanks, so that a value can neither break the line
+// nor drive a terminal.
+[[nodiscard]] std::u16string MakeLine(std::u16string_view text);
+// "1 record", "2 records".
+[[nodiscard]] std::string Count(std::size_t number, std::string_view thing);
 
 // The result on standard output. The status is kStatusOk, or kStatusNotWritten with a message.
 [[nodiscard]] int PrintResult(std::string_view text);

@@ -1,14 +1,11 @@
 #include "ValidateCommand.h"
 
-#include "CorvaneDoc.h"
-#include "CorvaneSession.h"
 #include "FindingReport.h"
 #include "FormatText.h"
+#include "LoadedDatabase.h"
 #include "Output.h"
-#include "ProgramStart.h"
 #include "ValidateCore.h"
 
-#include <limits>
 #include <optional>
 
 namespace
@@ -29,30 +26,14 @@ constexpr std::string_view kHelp =
 
 struct SRequest
 {
-    std::u16string m_sRootFile;
     std::optional<std::uint32_t> m_nBuild;
     bool m_bStrict = false;
     bool m_bJson = false;
     std::optional<std::u16string_view> m_sOutput;
 };
 
-std::optional<std::uint32_t> ParseBuild(std::u16string_view text)
-{
-    std::uint64_t value = 0;
-    for (const char16_t unit : text)
-    {
-        if (unit < u'0' || unit > u'9' || value > std::numeric_limits<std::uint32_t>::max())
-            return std::nullopt;
-        value = 10 * value + (unit - u'0');
-    }
-    if (text.empty() || value > std::numeric_limits<std::uint32_t>::max())
-        return std::nullopt;
-    return static_cast<std::uint32_t>(value);
-}
-
 std::u16string TakeRequest(const CArguments& arguments, SRequest& request)
 {
-    request.m_sRootFile = MakeDocumentPath(arguments.GetParameters().front());
     request.m_bStrict = arguments.Has(u"--strict");
     request.m_sOutput = arguments.Find(u"--output");
     if (request.m_sOutput && request.m_sOutput->empty())
@@ -61,15 +42,7 @@ std::u16string TakeRequest(const CArguments& arguments, SRequest& request)
     request.m_bJson = form == u"json";
     if (!request.m_bJson && form != u"text")
         return FormatText(u"There is no format '%s'.", form);
-    const std::optional<std::u16string_view> build = arguments.Find(u"--build");
-    request.m_nBuild = build ? ParseBuild(*build) : std::nullopt;
-    return build && !request.m_nBuild ? FormatText(u"'%s' is no build number.", *build) : std::u16string();
-}
-
-bool Load(CCorvaneMgr& manager, std::u16string_view rootFile)
-{
-    CCorvaneDoc document(manager);
-    return document.OnOpenDocument(rootFile) && document.IsLoaded();
+    return TakeBuild(arguments, request.m_nBuild);
 }
 
 std::size_t Check(CCorvaneMgr& manager, std::optional<std::uint32_t> build, CValidateCore& core)
@@ -112,24 +85,22 @@ int RunValidate(const CArguments& arguments, std::u16string& mistake)
     if (!mistake.empty())
         return kStatusUsage;
 
-    // The manager goes with the session and leaves the user's own settings of the database alone, since
-    // nobody closes it; the findings go before it.
-    CMessageCollector questions;
-    CCorvaneSession session(questions);
+    // The findings go before the database.
+    CLoadedDatabase database(arguments.GetParameters().front());
     CValidateCore core;
     SValidation validation;
-    validation.m_sRootFile = request.m_sRootFile;
+    validation.m_sRootFile = database.GetRootFile();
     int status = kStatusNotLoaded;
-    if (Load(session.GetManager(), request.m_sRootFile))
+    if (database.Load())
     {
-        validation.m_nRecords = Check(session.GetManager(), request.m_nBuild, core);
+        validation.m_nRecords = Check(database.GetManager(), request.m_nBuild, core);
         validation.m_pCore = &core;
         status = GetStatus(core, request.m_bStrict);
     }
-    validation.m_Messages = questions.GetMessages();
-    if (!Deliver(session.GetFiles(), request, validation))
+    validation.m_Messages = database.GetMessages();
+    if (!Deliver(database.GetFiles(), request, validation))
         return kStatusNotWritten;
-    PrintError(validation.m_pCore ? FormatSummary(validation) : "The database could not be loaded.");
+    PrintError(validation.m_pCore ? FormatSummary(validation) : std::string(kNotLoaded));
     return status;
 }
 } // namespace
