@@ -46,6 +46,36 @@ protected:
                            u"[Attrib.Later.10]\r\nValue.0000=12\r\n");
     }
 
+    // Records of a schema with an ancestor, builds, a struct and a link, one below the other: Wolf, Elder,
+    // Root.
+    void WriteFamily() const
+    {
+        m_Scratch.WriteUtf16("p/Db/Part.struct",
+                             u"[Attrib.Size.0]\r\nType=Float\r\nDefault=1.5\r\n"
+                             u"[Attrib.Kin.0]\r\nType=RecordLink\r\nData=public Beast\r\n");
+        m_Scratch.WriteUtf16("p/Db/Beast.schema",
+                             u"[Schema]\r\nName=Beast\r\nParent=Thing\r\n[Attrib.Mass.20]\r\nType=Integer\r\n"
+                             u"Deleted=True\r\n[Attrib.Mass.10]\r\nType=Integer\r\nDefault=7\r\n"
+                             u"[Attrib.Mass.0]\r\nType=Integer\r\nDefault=3\r\n"
+                             u"[Attrib.Parts.0]\r\nType=Struct\r\nData=Part.struct\r\nValues=-1\r\n");
+        m_Scratch.WriteUtf16("p/Db/All/Beasts/cvd.category",
+                             u"[Category]\r\nSchema=Beast\r\nSystem=True\r\n");
+        WriteBeast("Root", u"[Attrib.Count]\r\nValue.0000=4\r\n[Attrib.Parts.0]\r\n[Attrib.Parts.0.0]\r\n"
+                           u"[Attrib.Parts.0.0.Kin]\r\nValue.0000=all/beasts/wolf\r\n");
+        WriteBeast("Elder", u"[Hierarchy]\r\nRecord=All/Beasts/Root\r\n[Attrib.Mass]\r\nValue.0000=8\r\n"
+                            u"Override=True\r\nTodo=True\r\nLock=ann\r\nComment=two\\nlines\r\n");
+        WriteBeast("Wolf", u"VirtualRelativeCategory=Grey\r\n[Hierarchy]\r\nRecord=All/Beasts/Elder\r\n"
+                           u"[Attrib.Count]\r\nValue.0000=6\r\n[Attrib.Later.10]\r\nValue.0000=9\r\n"
+                           u"[Attrib.Parts.0]\r\n[Attrib.Parts.0.0]\r\n[Attrib.Parts.0.0.Size]\r\n"
+                           u"Value.0000=2.5\r\n[Attrib.Parts.0.0.Kin]\r\nValue.0000=None/Such\r\n");
+    }
+    void WriteBeast(const std::string& name, std::u16string_view rest) const
+    {
+        m_Scratch.WriteUtf16("p/Db/All/Beasts/" + name + ".record",
+                             u"[Record]\r\nSchema=Beast\r\nName=" + std::u16string(name.begin(), name.end()) +
+                                 u"\r\n" + std::u16string(rest));
+    }
+
     static std::string Replace(std::string text, const std::string& old, const std::string& by)
     {
         for (std::size_t at = text.find(old); at != std::string::npos; at = text.find(old, at + by.size()))
@@ -235,4 +265,212 @@ TEST_F(CCorvanectl, HelpListsTheCommandsAndTheirArguments)
     EXPECT_EQ(one.find(std::string("0\n") + kUsage), 0U) << one;
     EXPECT_EQ(Run("validate --help"), one);
     EXPECT_EQ(Run("--version").find("0\ncorvanectl "), 0U);
+}
+
+TEST_F(CCorvanectl, ShowTellsWhereEachValueComesFrom)
+{
+    WriteFamily();
+    EXPECT_EQ(Run("show p/Db/Root.Gamdb00s wolf --build 10"), R"(0
+All/Beasts/Grey/Wolf
+  File:      ~/p/Db/All/Beasts/Wolf.record
+  Schema:    Beast
+  Build:     10
+  Inherits:  All/Beasts/Elder, which inherits from All/Beasts/Root
+
+Count: 2 values  (Integer, own)
+  [0] 6
+  [1] 0  (default)
+Skin: skin.dds  (File, inherited from All/Beasts/Root, default)
+Later: 9  (Integer, own, from build 10 on)
+Mass: -  (Integer, deleted from build 20 on)
+Mass: 3  (Integer, inherited from All/Beasts/Root, default, taken over from build 0, builds 10 to 19, To Be Deleted)
+Mass: 8  (Integer, inherited from All/Beasts/Elder, builds 0 to 9, Deprecated, not in force at build 10)
+Parts: 1 row  (Struct, own)
+  [0]
+    Size: 2.5  (Float, own)
+    Kin: None/Such  (RecordLink, own)
+      -> no record None/Such
+err: )");
+    EXPECT_EQ(Run("show p/Db/Root.Gamdb00s All/Beasts/Elder --attribute mass --build=3"), R"(0
+All/Beasts/Elder
+  File:      ~/p/Db/All/Beasts/Elder.record
+  Schema:    Beast
+  Build:     3
+  Inherits:  All/Beasts/Root
+  Heirs:     All/Beasts/Grey/Wolf
+
+Mass: -  (Integer, deleted from build 20 on)
+Mass: 3  (Integer, inherited from All/Beasts/Root, default, taken over from build 0, builds 10 to 19, To Be Deleted, not in force at build 3)
+Mass: 8  (Integer, own, builds 0 to 9, Deprecated, override, to do, locked by ann)
+  # two  lines
+err: )");
+    EXPECT_EQ(Run("show p/Db/Root.Gamdb00s p/Db/All/Beasts/Elder.record --attribute Parts --json"), R"(0
+{
+  "format": 1,
+  "root": "~/p/Db/Root.Gamdb00s",
+  "loaded": true,
+  "build": 0,
+  "record": "All/Beasts/Elder",
+  "recordPath": "All/Beasts/Elder",
+  "schema": "Beast",
+  "file": "~/p/Db/All/Beasts/Elder.record",
+  "comment": "",
+  "inheritsFrom": ["All/Beasts/Root"],
+  "heirs": ["All/Beasts/Grey/Wolf"],
+  "attributes": [
+    {
+      "name": "Parts",
+      "type": "Struct",
+      "firstBuild": 0,
+      "inForce": true,
+      "source": "inherited",
+      "inheritedFrom": ["All/Beasts/Root"],
+      "rows": [
+        [
+          {
+            "name": "Size",
+            "type": "Float",
+            "firstBuild": 0,
+            "inForce": true,
+            "source": "inherited",
+            "inheritedFrom": ["All/Beasts/Root"],
+            "values": ["1.500000"],
+            "defaultValues": [0]
+          },
+          {
+            "name": "Kin",
+            "type": "RecordLink",
+            "firstBuild": 0,
+            "inForce": true,
+            "source": "inherited",
+            "inheritedFrom": ["All/Beasts/Root"],
+            "values": ["all/beasts/wolf"],
+            "defaultValues": [],
+            "references": [
+              {"kind": "Record", "resource": "All/Beasts/Wolf", "found": true, "record": "All/Beasts/Grey/Wolf"}
+            ]
+          }
+        ]
+      ]
+    }
+  ],
+  "messages": []
+}
+err: )");
+}
+
+TEST_F(CCorvanectl, InfoCountsWhatThereIs)
+{
+    WriteFamily();
+    EXPECT_EQ(Run("info p/Db/Root.Gamdb00s"), R"(0
+~/p/Db/Root.Gamdb00s
+  Version:               0
+  Name:                  Unknown Database
+  Identifier:            {7C1D5B0E-3A94-4E27-9D5F-64B8A2F0C9AA}
+  Packed output:         ~/p/Db/Database.Gamdb00p
+  Override database:     ~/p/Db/MPCustomizations.txt
+  Override constraints:  ~/p/Db/DBConstraints.dat
+  Project:               ~/p/
+  Resource root:         ~/p/Data/
+  Tools:                 ~/p/
+Builds
+  Active:                0
+  Entries begin in:      0, 10, 20
+Counts
+  Schemas:               2
+  Schema entries:        7
+  Deprecated entries:    1
+  Deleted entries:       2
+  System categories:     2
+  Virtual categories:    2
+  Records:               5
+  Inheriting records:    2
+  Attributes:            27
+Files
+  Root file:             1 file, 122 bytes
+  Schemas:               2 files, 796 bytes
+  Struct files:          1 file, 190 bytes
+  Categories:            2 files, 160 bytes
+  Records:               5 files, 1478 bytes
+Schemas
+  Beast:                 3 records, 7 attributes, derives from Thing, builds 0, 10, 20
+  Thing:                 2 records, 3 attributes, builds 0, 10
+err: )");
+    const std::string json = Run("info p/Db/Root.Gamdb00s --json");
+    EXPECT_EQ(json.substr(json.find("  \"files\"")), R"(  "files": {
+    "root": {"files": 1, "bytes": 122},
+    "schemas": {"files": 2, "bytes": 796},
+    "structs": {"files": 1, "bytes": 190},
+    "categories": {"files": 2, "bytes": 160},
+    "records": {"files": 5, "bytes": 1478}
+  },
+  "schemas": [
+    {"name": "Beast", "parent": "Thing", "file": "~/p/Db/Beast.schema", "records": 3, "entries": 4, "attributes": 7, "builds": [0, 10, 20]},
+    {"name": "Thing", "parent": "", "file": "~/p/Db/Thing.schema", "records": 2, "entries": 3, "attributes": 3, "builds": [0, 10]}
+  ],
+  "messages": []
+}
+err: )");
+    fs::remove_all(m_Scratch.GetPath() / "p/Db/All");
+    EXPECT_NE(Run("info p/Db/Root.Gamdb00s").find("Records:               0\n"), std::string::npos);
+    EXPECT_EQ(Run("list p/Db/Root.Gamdb00s"), "0\nerr: ");
+}
+
+TEST_F(CCorvanectl, ListTakesWhatFitsThePattern)
+{
+    WriteFamily();
+    WriteRecord("a\"\x1b"
+                "b",
+                u"");
+    const std::string beasts = "All/Beasts/Elder\nAll/Beasts/Root\nAll/Beasts/Grey/Wolf\n";
+    const std::string things = "All/Shelf/a\" b\nAll/Shelf/One\nAll/Shelf/Two\n";
+    const std::pair<const char*, std::string> rows[] = {
+        {"", "0\n" + beasts + things + "err: "},
+        {"--schema beast", "0\n" + beasts + "err: "},
+        {"--schema Thing '*/*/O*'", "0\nAll/Shelf/One\nerr: "},
+        {"'?o?F'", "0\nAll/Beasts/Grey/Wolf\nerr: "},
+        {"all/**/wolf", "0\nAll/Beasts/Grey/Wolf\nerr: "},
+        {"'**/Beasts/**/*o*'", "0\nAll/Beasts/Root\nAll/Beasts/Grey/Wolf\nerr: "},
+        {"all/beasts/", "0\n" + beasts + "err: "},
+        {"'All/*'", "1\nerr: corvanectl: No record fits the pattern.\n"},
+        {"'*a*a*a*a*a*a*a*a*a*a*a*a*a*a*a*a*a*a*a*b'", "1\nerr: corvanectl: No record fits the pattern.\n"},
+        {"--schema Beats", "1\nerr: corvanectl: There is no schema 'Beats'. Near it:\n  Beast\n"},
+    };
+    for (const auto& [arguments, told] : rows)
+        EXPECT_EQ(Run(std::string("list p/Db/Root.Gamdb00s ") + arguments), told) << arguments;
+    EXPECT_EQ(Run("list p/Db/Root.Gamdb00s 'a*' --json"), R"(0
+{
+  "format": 1,
+  "root": "~/p/Db/Root.Gamdb00s",
+  "loaded": true,
+  "records": [
+    {"record": "All/Shelf/a\"\u001bb", "schema": "Thing", "file": "~/p/Db/All/a\"\u001bb.record"}
+  ],
+  "messages": []
+}
+err: )");
+}
+
+TEST_F(CCorvanectl, ShowNamesWhatWasMeant)
+{
+    WriteFamily();
+    m_Scratch.WriteUtf16("p/Db/All/2.record",
+                         u"[Record]\r\nSchema=Thing\r\nName=Two\r\nVirtualRelativeCategory=Shelf\r\n");
+    const std::pair<const char*, const char*> rows[] = {
+        {"show p/Db/Root.Gamdb00s wollf",
+         "1\nerr: corvanectl: There is no record 'wollf'. Near it:\n  All/Beasts/Grey/Wolf\n"},
+        {"show p/Db/Root.Gamdb00s Elsewhere", "1\nerr: corvanectl: There is no record 'Elsewhere'.\n"},
+        {"show p/Db/Root.Gamdb00s two",
+         "1\nerr: corvanectl: 'two' names 2 records:\n  All/Shelf/Two (~/p/Db/All/2.record)\n"
+         "  All/Shelf/Two (~/p/Db/All/Two.record)\n"},
+        {"show p/Db/Root.Gamdb00s One --attribute Conut",
+         "1\nerr: corvanectl: The record has no attribute 'Conut'. Near it:\n  Count\n"},
+        {"list p/Db/None.Gamdb00s",
+         "3\nerr: Open Failed: The file '~/p/Db/None.Gamdb00s' could not be opened: no "
+         "such file or directory.\ncorvanectl: The database could not be loaded.\n"},
+    };
+    for (const auto& [arguments, told] : rows)
+        EXPECT_EQ(Run(arguments), told);
+    EXPECT_EQ(Run("info p/Db/Root.Gamdb00s", {}, "/dev/full"),
+              "4\nerr: corvanectl: The output could not be written: no space left on the disk.\n");
 }

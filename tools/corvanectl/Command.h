@@ -11,6 +11,7 @@
 // Statuses that every sub-command shares; those below kStatusUsage are the sub-command's own results.
 inline constexpr int kStatusOk = 0;
 inline constexpr int kStatusWarnings = 1;
+inline constexpr int kStatusNotFound = 1;
 inline constexpr int kStatusCritical = 2;
 inline constexpr int kStatusNotLoaded = 3;
 // Wrong usage, or a result that could not be written: in both cases the run has no result to trust.
@@ -28,4 +29,5 @@ struct SCommand
     // The result is the exit status. A handler that finds a mistake in the arguments puts it into `mistake`,
     // a full sentence, and does nothing else.
     int (*m_pRun)(const CArguments& arguments, std::u16string& mistake);
+    std::size_t m_nOptionalParameters = 0; // How many more there may be.
 };

@@ -2,7 +2,10 @@
 
 #include "Command.h"
 #include "FormatText.h"
+#include "InfoCommand.h"
+#include "ListCommand.h"
 #include "Output.h"
+#include "ShowCommand.h"
 #include "Unicode.h"
 #include "ValidateCommand.h"
 
@@ -15,6 +18,9 @@ constexpr std::string_view kUsage = "Usage: corvanectl COMMAND [ARGUMENTS]\n";
 std::span<const SCommand> GetCommands()
 {
     static const SCommand kCommands[] = {
+        kInfoCommand,
+        kListCommand,
+        kShowCommand,
         kValidateCommand,
     };
     return kCommands;
@@ -79,9 +85,9 @@ int RunCommand(const SCommand& command, std::span<const std::u16string> given)
     const std::vector<std::u16string>& parameters = arguments.GetParameters();
     if (parameters.size() < command.m_nParameters)
         return TellMistake(&command, u"A parameter is missing.");
-    if (parameters.size() > command.m_nParameters)
-        return TellMistake(&command,
-                           FormatText(u"'%s' is one parameter too many.", parameters[command.m_nParameters]));
+    const std::size_t most = command.m_nParameters + command.m_nOptionalParameters;
+    if (parameters.size() > most)
+        return TellMistake(&command, FormatText(u"'%s' is one parameter too many.", parameters[most]));
     const int status = command.m_pRun(arguments, mistake);
     return mistake.empty() ? status : TellMistake(&command, mistake);
 }
