@@ -1,5 +1,6 @@
 #include "ShowCommand.h"
 
+#include "BuildOption.h"
 #include "FormatText.h"
 #include "JsonReport.h"
 #include "LoadedDatabase.h"

@@ -1,5 +1,6 @@
 #include "ValidateCommand.h"
 
+#include "BuildOption.h"
 #include "FindingReport.h"
 #include "FormatText.h"
 #include "LoadedDatabase.h"

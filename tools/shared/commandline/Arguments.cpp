@@ -3,7 +3,6 @@
 #include "FormatText.h"
 
 #include <algorithm>
-#include <limits>
 
 namespace
 {
@@ -16,20 +15,6 @@ const SOption* FindOption(std::span<const SOption> options, std::u16string_view 
     if (found != options.end())
         return &*found;
     return name == kHelp.m_sName ? &kHelp : nullptr;
-}
-
-std::optional<std::uint32_t> ParseBuild(std::u16string_view text)
-{
-    std::uint64_t value = 0;
-    for (const char16_t unit : text)
-    {
-        if (unit < u'0' || unit > u'9' || value > std::numeric_limits<std::uint32_t>::max())
-            return std::nullopt;
-        value = 10 * value + (unit - u'0');
-    }
-    if (text.empty() || value > std::numeric_limits<std::uint32_t>::max())
-        return std::nullopt;
-    return static_cast<std::uint32_t>(value);
 }
 } // namespace
 
@@ -82,11 +67,4 @@ std::optional<std::u16string_view> CArguments::Find(std::u16string_view option) 
 {
     const auto found = m_Options.find(option);
     return found == m_Options.end() ? std::nullopt : std::optional<std::u16string_view>(found->second);
-}
-
-std::u16string TakeBuild(const CArguments& arguments, std::optional<std::uint32_t>& build)
-{
-    const std::optional<std::u16string_view> given = arguments.Find(u"--build");
-    build = given ? ParseBuild(*given) : std::nullopt;
-    return given && !build ? FormatText(u"'%s' is no build number.", *given) : std::u16string();
 }

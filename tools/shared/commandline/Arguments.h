@@ -4,7 +4,6 @@
 // everything is a parameter. An option may be given once.
 #pragma once
 
-#include <cstdint>
 #include <map>
 #include <optional>
 #include <span>
@@ -38,7 +37,3 @@ private:
     std::map<std::u16string, std::u16string, std::less<>> m_Options;
     std::vector<std::u16string> m_Parameters;
 };
-
-// The number behind "--build"; nothing without the option. The result is empty, or what is wrong with it as a
-// full sentence.
-[[nodiscard]] std::u16string TakeBuild(const CArguments& arguments, std::optional<std::uint32_t>& build);
