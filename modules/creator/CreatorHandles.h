@@ -1,9 +1,11 @@
 // The handles of the creator library: what it is, of which database, and the index in it. A handle of a
-// released database is never taken for one of a later database, since databases are numbered through.
+// released database, or of the other creator, is never taken for one of a later database, since the databases
+// of both are numbered through.
 #pragma once
 
 #include "idatabasecreator.h"
 
+#include <atomic>
 #include <cstdint>
 
 enum class EHandleKind : std::uint32_t
@@ -23,6 +25,17 @@ struct SHandle
 };
 
 inline constexpr std::uint32_t kMaxSerial = 0x3FFFFFFF;
+
+// The next number of a database; 0 when all have been used. The two creators may work in two threads.
+inline std::uint32_t TakeSerial()
+{
+    static std::atomic<std::uint32_t> last{0};
+    std::uint32_t previous = last.load();
+    while (previous < kMaxSerial && !last.compare_exchange_weak(previous, previous + 1))
+    {
+    }
+    return previous < kMaxSerial ? previous + 1 : 0;
+}
 
 constexpr CreatorHandle PackHandle(const SHandle& handle)
 {

@@ -50,20 +50,19 @@ CreatorHandle CDatabaseCreatorMgr::Create(CreatorHandle parent, EHandleKind pare
 
 CreatorHandle CDatabaseCreatorMgr::CreateDatabase()
 {
-    if (m_nLastSerial == kMaxSerial)
-        return 0;
     try
     {
         auto database = std::make_unique<SDatabase>();
-        database->serial = m_nLastSerial + 1;
+        database->serial = TakeSerial();
+        if (database->serial == 0)
+            return 0;
         m_Databases.push_back(std::move(database));
     }
     catch (...)
     {
         return 0;
     }
-    ++m_nLastSerial;
-    return PackHandle({EHandleKind::Database, m_nLastSerial, 0});
+    return PackHandle({EHandleKind::Database, m_Databases.back()->serial, 0});
 }
 
 void CDatabaseCreatorMgr::ReleaseDatabase(CreatorHandle database)

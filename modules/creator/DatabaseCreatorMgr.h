@@ -57,5 +57,4 @@ private:
 
     std::vector<std::unique_ptr<SDatabase>> m_Databases;
     SDatabase* m_pRecent = nullptr;
-    std::uint32_t m_nLastSerial = 0;
 };

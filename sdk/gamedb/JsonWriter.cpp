@@ -1,5 +1,7 @@
 #include "JsonWriter.h"
 
+#include "Utf8.h"
+
 #include <charconv>
 #include <cmath>
 #include <string>
@@ -7,64 +9,6 @@
 namespace
 {
 constexpr std::string_view kReplacement = "\xEF\xBF\xBD";
-
-// The length of the well-formed UTF-8 sequence at the head of `text`, or 0.
-std::size_t SequenceLength(std::string_view text)
-{
-    const auto byteAt = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
-    const unsigned char lead = byteAt(0);
-    if (lead < 0x80)
-        return 1;
-    const std::size_t length = lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : 2;
-    if (lead < 0xC2 || lead > 0xF4 || text.size() < length)
-        return 0;
-    // The second byte's range keeps out overlong forms, surrogates and what lies above U+10FFFF.
-    const unsigned char low = lead == 0xE0 ? 0xA0 : lead == 0xF0 ? 0x90 : 0x80;
-    const unsigned char high = lead == 0xED ? 0x9F : lead == 0xF4 ? 0x8F : 0xBF;
-    if (byteAt(1) < low || byteAt(1) > high)
-        return 0;
-    for (std::size_t i = 2; i < length; ++i)
-    {
-        if ((byteAt(i) & 0xC0) != 0x80)
-            return 0;
-    }
-    return length;
-}
-
-void AppendUtf8(std::string& text, char32_t c)
-{
-    const auto add = [&](char32_t byte) { text += static_cast<char>(byte); };
-    if (c < 0x80)
-        return add(c);
-    if (c < 0x800)
-        add(0xC0 | c >> 6);
-    else if (c < 0x10000)
-        add(0xE0 | c >> 12);
-    else
-        add(0xF0 | c >> 18);
-    if (c >= 0x10000)
-        add(0x80 | (c >> 12 & 0x3F));
-    if (c >= 0x800)
-        add(0x80 | (c >> 6 & 0x3F));
-    add(0x80 | (c & 0x3F));
-}
-
-std::string ToUtf8(std::u16string_view text)
-{
-    std::string utf8;
-    for (std::size_t i = 0; i < text.size(); ++i)
-    {
-        char32_t c = text[i];
-        const bool isPair =
-            c >= 0xD800 && c < 0xDC00 && i + 1 < text.size() && (text[i + 1] & 0xFC00) == 0xDC00;
-        if (isPair)
-            c = 0x10000 + ((c - 0xD800) << 10) + (text[++i] - char32_t{0xDC00});
-        else if ((c & 0xF800) == 0xD800)
-            c = 0xFFFD;
-        AppendUtf8(utf8, c);
-    }
-    return utf8;
-}
 
 void WriteControl(std::ostream& out, unsigned char c)
 {
@@ -137,7 +81,7 @@ void CJsonWriter::Quoted(std::string_view utf8)
     while (!utf8.empty())
     {
         const auto c = static_cast<unsigned char>(utf8.front());
-        const std::size_t length = SequenceLength(utf8);
+        const std::size_t length = Utf8Length(utf8);
         if (length == 0)
             m_Out << kReplacement;
         else if (c < 0x20)
