@@ -27,26 +27,22 @@ std::uint64_t LoadBigEndian(const std::uint8_t* pBytes)
     return nValue;
 }
 
-struct SComparison
-{
-    std::uint32_t m_nEqual;
-    bool m_bLess;
-};
-
-// Compares as many bytes as the longest span has, eight at a time: how many are equal from the first on, and
-// whether `pA` is below `pB` at the first difference.
-SComparison Compare(const std::uint8_t* pA, const std::uint8_t* pB)
+// Compares as many bytes as the longest span has, eight at a time. Returns how many are equal from the first
+// on; `bLess` tells whether `pA` is below `pB` at the first difference.
+std::uint32_t Compare(const std::uint8_t* pA, const std::uint8_t* pB, bool& bLess)
 {
     static_assert(CLZSSWindow::LONGEST_SPAN == 2 * sizeof(std::uint64_t) + 1);
-    for (std::uint32_t i = 0; i < 2 * sizeof(std::uint64_t); i += sizeof(std::uint64_t))
+    for (std::uint32_t i = 0; i < CLZSSWindow::LONGEST_SPAN - 1; i += sizeof(std::uint64_t))
     {
         const std::uint64_t nA = LoadBigEndian(pA + i);
         const std::uint64_t nB = LoadBigEndian(pB + i);
+        bLess = nA < nB;
         if (nA != nB)
-            return {i + static_cast<std::uint32_t>(std::countl_zero(nA ^ nB)) / 8, nA < nB};
+            return i + static_cast<std::uint32_t>(std::countl_zero(nA ^ nB)) / 8;
     }
     constexpr std::uint32_t nLast = CLZSSWindow::LONGEST_SPAN - 1;
-    return {nLast + (pA[nLast] == pB[nLast] ? 1 : 0), pA[nLast] < pB[nLast]};
+    bLess = pA[nLast] < pB[nLast];
+    return nLast + (pA[nLast] == pB[nLast] ? 1 : 0);
 }
 } // namespace
 
@@ -116,29 +112,30 @@ void CLZSSWindow::AddNode(std::uint32_t nNode)
     m_nMatchPos = 0;
     if (nNode == 0)
         return;
-    const std::uint8_t* pNew = &m_Window[nNode];
-    std::uint32_t nCurrNode = m_Tree[ROOT].m_nLarger;
-    ZRASSERT(nCurrNode != 0);
-    for (;;)
+    std::uint32_t nMatchLen = 0;
+    std::uint32_t nNextNode = m_Tree[ROOT].m_nLarger;
+    ZRASSERT(nNextNode != 0);
+    std::uint32_t nCurrNode = 0;
+    bool bLess = false;
+    while (nNextNode != 0)
     {
-        const SComparison comparison = Compare(pNew, &m_Window[nCurrNode]);
-        if (comparison.m_nEqual > m_nMatchLen)
+        nCurrNode = nNextNode;
+        const std::uint32_t nEqual = Compare(&m_Window[nNode], &m_Window[nCurrNode], bLess);
+        if (nEqual > nMatchLen)
         {
-            m_nMatchLen = comparison.m_nEqual;
+            nMatchLen = nEqual;
             m_nMatchPos = nCurrNode;
-            if (m_nMatchLen >= LONGEST_SPAN)
-                return ReplaceNode(nCurrNode, nNode);
+            if (nEqual >= LONGEST_SPAN)
+                break;
         }
-        SNode& node = m_Tree[nCurrNode];
-        std::uint16_t& nChild = comparison.m_bLess ? node.m_nSmaller : node.m_nLarger;
-        if (nChild == 0)
-        {
-            nChild = static_cast<std::uint16_t>(nNode);
-            m_Tree[nNode] = {static_cast<std::uint16_t>(nCurrNode), 0, 0};
-            return;
-        }
-        nCurrNode = nChild;
+        nNextNode = bLess ? m_Tree[nCurrNode].m_nSmaller : m_Tree[nCurrNode].m_nLarger;
     }
+    m_nMatchLen = nMatchLen;
+    if (nMatchLen >= LONGEST_SPAN)
+        return ReplaceNode(nCurrNode, nNode);
+    SNode& node = m_Tree[nCurrNode];
+    (bLess ? node.m_nSmaller : node.m_nLarger) = static_cast<std::uint16_t>(nNode);
+    m_Tree[nNode] = {static_cast<std::uint16_t>(nCurrNode), 0, 0};
 }
 
 void CLZSSWindow::DeleteNode(std::uint32_t nNode)

@@ -2,6 +2,21 @@
 
 #include "zrassert.h"
 
+#include <algorithm>
+#include <bit>
+
+namespace
+{
+// The bits of a number in the opposite order: the first that is sent becomes the lowest.
+std::uint32_t Reverse(std::uint32_t nValue)
+{
+    nValue = (nValue & 0x55555555U) << 1 | (nValue >> 1 & 0x55555555U);
+    nValue = (nValue & 0x33333333U) << 2 | (nValue >> 2 & 0x33333333U);
+    nValue = (nValue & 0x0F0F0F0FU) << 4 | (nValue >> 4 & 0x0F0F0F0FU);
+    return __builtin_bswap32(nValue);
+}
+} // namespace
+
 bool CZRABitFile::Open(const char* pszFilename, EMode eMode, std::uint32_t nCacheSize, bool bAppend)
 {
     if (!CZRAFileBuffer::Open(pszFilename, eMode, nCacheSize, bAppend))
@@ -57,24 +72,35 @@ bool CZRABitFile::GetBit(bool& bOut)
 
 bool CZRABitFile::SetBits(std::uint32_t nValue, unsigned nCount)
 {
+    ZRASSERT(GetMode() == CZRAFileBuffer::OPEN_WRITE);
+    if (GetMode() != OPEN_WRITE)
+        return false;
+    auto nUsed = static_cast<unsigned>(std::countr_zero(m_nMask));
+    std::uint64_t nBits = m_nByte | std::uint64_t{Reverse(nValue) >> (32 - nCount)} << nUsed;
     bool bWritten = true;
-    while (nCount > 0)
-        bWritten = SetBit((nValue >> --nCount & 1) != 0) && bWritten;
+    for (nUsed += nCount; nUsed >= 8; nUsed -= 8)
+    {
+        bWritten = WriteByte(static_cast<std::uint8_t>(nBits)) && bWritten;
+        nBits >>= 8;
+    }
+    m_nByte = static_cast<std::uint8_t>(nBits);
+    m_nMask = static_cast<std::uint8_t>(1U << nUsed);
     return bWritten;
 }
 
 unsigned CZRABitFile::GetBits(std::uint32_t& nOut, unsigned nCount)
 {
+    ZRASSERT(GetMode() == CZRAFileBuffer::OPEN_READ);
     nOut = 0;
-    bool bBit = false;
-    for (unsigned nRead = 0; nRead < nCount; ++nRead)
-    {
-        if (!GetBit(bBit))
-        {
-            nOut <<= nCount - nRead;
-            return nRead;
-        }
-        nOut = nOut << 1 | (bBit ? 1U : 0U);
-    }
-    return nCount;
+    if (GetMode() != OPEN_READ)
+        return 0;
+    const auto nUsed = static_cast<unsigned>(std::countr_zero(m_nMask)); // All 8 of a mask of 0.
+    std::uint64_t nBits = static_cast<std::uint64_t>(m_nByte) >> nUsed;
+    unsigned nHave = 8 - nUsed;
+    for (; nHave < nCount && ReadByte(m_nByte); nHave += 8)
+        nBits |= static_cast<std::uint64_t>(m_nByte) << nHave;
+    const unsigned nRead = std::min(nHave, nCount);
+    m_nMask = static_cast<std::uint8_t>(1U << (8 - (nHave - nRead)));
+    nOut = Reverse(static_cast<std::uint32_t>(nBits & ((std::uint64_t{1} << nRead) - 1))) >> (32 - nCount);
+    return nRead;
 }

@@ -17,9 +17,9 @@ public:
     [[nodiscard]] bool SetBit(bool bValue);
     // False, with `bOut` as it was, when there are no more bits.
     [[nodiscard]] bool GetBit(bool& bOut);
-    // The low `nCount` (at most 32) bits of `nValue`. When a write fails, the other bits are still tried.
+    // The low `nCount` (1 to 32) bits of `nValue`. When a write fails, the other bits are still tried.
     [[nodiscard]] bool SetBits(std::uint32_t nValue, unsigned nCount);
-    // Reads `nCount` (at most 32) bits and returns how many there were; those that the file lacks read as 0.
+    // Reads `nCount` (1 to 32) bits and returns how many there were; those that the file lacks read as 0.
     [[nodiscard]] unsigned GetBits(std::uint32_t& nOut, unsigned nCount);
 
 private:

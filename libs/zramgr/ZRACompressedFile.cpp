@@ -34,6 +34,7 @@ bool CZRACompressedFile::Attach(std::FILE* pStream, CZRAFileBuffer::EMode eMode,
 bool CZRACompressedFile::StartStream()
 {
     m_Window.Reset();
+    m_DecWindow.fill(0); // A bad stream must not bring bytes of the file before to light.
     m_nDecPos = 1;
     m_nDecSpanLen = 0;
     m_bEnded = false;
