@@ -1,6 +1,7 @@
 // What a run of the benchmark found: one entry a size, and the goals held against them.
 #pragma once
 
+#include "CompressionMeasurement.h"
 #include "Measurement.h"
 
 #include <cstddef>
@@ -47,6 +48,7 @@ struct SBenchResults
 {
     std::vector<SSizeResult> m_Sizes;
     std::vector<SLinkResult> m_Links;
+    std::vector<SCompressionResult> m_Compression;
 };
 
 struct SGoal

@@ -141,6 +141,18 @@ void WriteLinks(std::ostream& out, const SLinkResult& result)
     WriteSpread(links, "question_by_round_ms", result.GetSpread(&SMeasurement::m_nRoundMs));
 }
 
+void WriteCompression(std::ostream& out, const SCompressionResult& result)
+{
+    CJsonObject compression(out, 2);
+    compression.Text("input", result.m_sInput);
+    compression.Number("bytes", static_cast<double>(result.m_nBytes));
+    compression.Number("stream_bytes", static_cast<double>(result.m_nStreamBytes));
+    compression.Number("zlib_bytes", static_cast<double>(result.m_nZlibBytes));
+    compression.Number("rounds", static_cast<double>(result.m_Rounds.size()));
+    for (const SCompressionTime& time : kCompressionTimes)
+        compression.Number(std::string(time.m_pJson) + "_bytes_per_second", result.GetSpeed(time.m_pValue));
+}
+
 void WriteGoal(std::ostream& out, const SGoal& goal)
 {
     CJsonObject object(out, 2);
@@ -173,6 +185,7 @@ void WriteJson(std::ostream& out, const SBenchResults& results)
         WriteMachine(top.Name("machine"));
         WriteList(top.Name("sizes"), results.m_Sizes, WriteSize);
         WriteList(top.Name("links"), results.m_Links, WriteLinks);
+        WriteList(top.Name("compression"), results.m_Compression, WriteCompression);
         WriteList(top.Name("goals"), MakeGoals(results.m_Sizes), WriteGoal);
     }
     out << '\n';

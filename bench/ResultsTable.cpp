@@ -71,6 +71,16 @@ void PrintLinks(std::ostream& out, const SLinkResult& result)
     PrintRow(out, "a later question", least(&SMeasurement::m_nQuestionMs) * 1000, "us");
     PrintRow(out, "a question by a round over all links", least(&SMeasurement::m_nRoundMs) * 1000, "us");
 }
+
+void PrintCompression(std::ostream& out, const SCompressionResult& result)
+{
+    const auto bytes = static_cast<double>(result.m_nBytes);
+    out << '\n' << result.m_sInput << ", " << bytes / kMegabyte << " MB\n";
+    for (const SCompressionTime& time : kCompressionTimes)
+        PrintRow(out, time.m_pName, result.GetSpeed(time.m_pValue) / kMegabyte, "MB/s");
+    PrintRow(out, "size of the stream", static_cast<double>(result.m_nStreamBytes) * 100 / bytes, "%");
+    PrintRow(out, "size by zlib", static_cast<double>(result.m_nZlibBytes) * 100 / bytes, "%");
+}
 } // namespace
 
 void PrintTable(std::ostream& out, const SBenchResults& results)
@@ -80,6 +90,8 @@ void PrintTable(std::ostream& out, const SBenchResults& results)
         PrintSize(out, result);
     for (const SLinkResult& result : results.m_Links)
         PrintLinks(out, result);
+    for (const SCompressionResult& result : results.m_Compression)
+        PrintCompression(out, result);
     out << '\n'
         << "  " << std::left << std::setw(kNameWidth) << "goal" << std::right << std::setw(9) << "records"
         << std::setw(11) << "value" << std::setw(9) << "limit" << '\n';

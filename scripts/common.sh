@@ -6,7 +6,7 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 build_packages=(
   g++ cmake ninja-build ccache mold pkg-config
   libicu-dev uuid-dev libglib2.0-dev libflatbuffers-dev flatbuffers-compiler
-  libgtest-dev libgmock-dev libbenchmark-dev gettext
+  libgtest-dev libgmock-dev libbenchmark-dev gettext zlib1g-dev
 )
 extended_packages=(clang-14 clang-tidy-14 clang-format-14 libclang-rt-14-dev strace)
 

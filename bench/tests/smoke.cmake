@@ -4,7 +4,7 @@ file(REMOVE_RECURSE ${WORK})
 file(MAKE_DIRECTORY ${WORK}/tmp)
 set(ENV{TMPDIR} ${WORK}/tmp)
 
-execute_process(COMMAND ${BENCH} --sizes 200 --links 200 --repeat 1 --output ${WORK}/results.json
+execute_process(COMMAND ${BENCH} --sizes 200 --links 200 --stream 20000 --repeat 1 --output ${WORK}/results.json
   RESULT_VARIABLE status OUTPUT_VARIABLE table ERROR_VARIABLE messages)
 if(NOT status EQUAL 0)
   message(FATAL_ERROR "The benchmark ended with ${status}:\n${messages}")
@@ -42,6 +42,14 @@ foreach(key text_pass_ms link_pass_ms near_link_pass_ms first_question_ms questi
   string(JSON value GET "${json}" links 0 ${key} least)
   if(NOT value GREATER 0)
     message(FATAL_ERROR "${key} of the links is ${value}")
+  endif()
+endforeach()
+
+string(JSON random GET "${json}" compression 2 stream_bytes)
+foreach(key write read zlib_write zlib_read)
+  string(JSON value GET "${json}" compression 0 ${key}_bytes_per_second)
+  if(NOT value GREATER 0 OR NOT random GREATER 20000)
+    message(FATAL_ERROR "${key} is ${value}; random bytes become ${random}")
   endif()
 endforeach()
 

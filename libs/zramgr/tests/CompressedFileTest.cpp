@@ -76,7 +76,6 @@ TEST_F(CCompressedFileTest, StreamsAreFixedAndComeBack)
     } rows[] = {
         {"", 4 + 17 / 8, 0x0000000000000000},
         {"A", 4 + (9 + 17) / 8, 0x2B4C01001885162E},
-        {std::string(18, 'a'), 4 + (18 * 9 + 17) / 8, 0x7D8AC0AAFC5B9126},
         {std::string(35, 'a'), 4 + (9 + 17 + 17 * 9 + 17) / 8, 0x41D50310F1F30E67},
         {std::string(9000, 'x'), 1138, 0x17A1EA93E9C4C8A5},
         {MakeText(30000), 4930, 0x5AAA14A4F461405B},
@@ -112,9 +111,9 @@ TEST_F(CCompressedFileTest, CutStreamGivesABeginning)
         longest = bytes.size();
     }
     EXPECT_EQ(longest, input.size());
-    for (const char* name : {"\1\0\0\0\0\0", "\0\0\0\x80\0\0", "\n(a )\n"})
-        EXPECT_FALSE(Open(std::string(name, 6)) || m_File.IsOpen() || m_File.GetError() != 0);
-    EXPECT_FALSE(Open(std::string(3, '\0')) || m_File.GetError() != 0);
+    for (const std::string& header :
+         {std::string(3, '\0'), std::string("\1\0\0\0", 4), std::string("\0\0\0\x80", 4)})
+        EXPECT_FALSE(Open(header) || m_File.IsOpen() || m_File.GetError() != 0);
 }
 
 TEST_F(CCompressedFileTest, DiskThatIsFullAnywhereFailsTheClose)
