@@ -1,9 +1,11 @@
-// A creator library whose packed file is the list of the calls that it got, and that misbehaves as the
-// environment variable CORVANE_TEST_CREATOR tells it.
+// A creator library whose packed file and override text are the lists of the calls that it got, and that
+// misbehaves as the environment variable CORVANE_TEST_CREATOR tells it.
 #include "idatabasecreator.h"
 #include "izroutconverter.h"
 
 #include <cstdlib>
+#include <fstream>
+#include <span>
 #include <stdexcept>
 #include <string>
 
@@ -92,7 +94,80 @@ private:
     CreatorHandle m_nLast = 0;
     int m_nOpen = 0;
 };
+
+class CRecordingUnpackedCreator final : public IDatabaseCreatorUnpackedMgr
+{
+public:
+    CreatorHandle CreateDatabase() override
+    {
+        m_sCalls.clear();
+        return Do("override database") ? 7 : 0;
+    }
+    void ReleaseDatabase(CreatorHandle) override { m_sCalls += "release\n"; }
+    bool SaveDatabase(CreatorHandle database, const char* path, const char* constraintsPath) override
+    {
+        std::ofstream(path) << m_sCalls << "save " << database << '\n';
+        std::ofstream(constraintsPath) << "constraints\n";
+        return Do("override save");
+    }
+    CreatorHandle CreateAttribute(CreatorHandle, const char* help, std::int32_t type, const char* fullName,
+                                  const char* data, const char* typeName, std::int32_t one,
+                                  std::int32_t valueCount) override
+    {
+        if (!Do("override attribute"))
+            return 0;
+        m_sCalls += std::string(fullName) + ": " + typeName + ' ' + std::to_string(type) + ' ' +
+                    std::to_string(one) + ' ' + std::to_string(valueCount) + " \"" + data + "\" \"" + help +
+                    "\"\n";
+        return 1;
+    }
+    bool SetIntegerLimits(CreatorHandle, std::int32_t minimum, std::int32_t maximum) override
+    {
+        return Note(" limits " + std::to_string(minimum) + ' ' + std::to_string(maximum));
+    }
+    bool SetFloatLimits(CreatorHandle, float minimum, float maximum) override
+    {
+        return Note(" float limits " + std::to_string(minimum) + ' ' + std::to_string(maximum));
+    }
+    bool SetTextLimits(CreatorHandle, std::int32_t minimum, std::int32_t maximum) override
+    {
+        return Note(" text limits " + std::to_string(minimum) + ' ' + std::to_string(maximum));
+    }
+    bool SetInteger(CreatorHandle, std::int32_t value) override
+    {
+        return Note(" int " + std::to_string(value));
+    }
+    bool SetFloat(CreatorHandle, float value) override { return NoteFloats({&value, 1}); }
+    bool SetText(CreatorHandle, const char* value) override { return Note(" text " + std::string(value)); }
+    bool SetBoolean(CreatorHandle, bool value) override { return Note(value ? " true" : " false"); }
+    bool SetVector2(CreatorHandle, const float value[2]) override { return NoteFloats({value, 2}); }
+    bool SetVector3(CreatorHandle, const float value[3]) override { return NoteFloats({value, 3}); }
+    bool SetVector4(CreatorHandle, const float value[4]) override { return NoteFloats({value, 4}); }
+
+private:
+    bool Note(const std::string& call)
+    {
+        m_sCalls += call + '\n';
+        return Do("override value");
+    }
+    bool NoteFloats(std::span<const float> values)
+    {
+        std::string text = " floats";
+        for (const float value : values)
+            text += ' ' + std::to_string(value);
+        return Note(text);
+    }
+
+    std::string m_sCalls;
+};
 } // namespace
+
+extern "C" __attribute__((visibility("default"))) IDatabaseCreatorUnpackedMgr*
+GetIDatabaseCreatorUnpackedMgr()
+{
+    static CRecordingUnpackedCreator creator;
+    return Do("override export") ? &creator : nullptr;
+}
 
 extern "C" __attribute__((visibility("default"))) IDatabaseCreatorMgr* GetIDatabaseCreatorMgr()
 {
