@@ -248,6 +248,9 @@ TEST_F(CCorvanectl, WrongUsageIsToldWithTheRightOne)
     };
     for (const auto& [arguments, mistake] : rows)
         EXPECT_EQ(Run(arguments), "4\nerr: corvanectl: " + std::string(mistake) + "\n" + kUsage);
+    EXPECT_EQ(Run("overrides a --database ''"),
+              "4\nerr: corvanectl: The option '--database' needs a file.\nUsage: corvanectl overrides ROOT "
+              "[--build N] [--database FILE] [--constraints FILE]\n");
     for (const auto& [arguments, mistake] : {std::pair("", "There is no command."),
                                              {"check a", "There is no command 'check'."},
                                              {"help check", "There is no command 'check'."}})
@@ -473,4 +476,38 @@ TEST_F(CCorvanectl, ShowNamesWhatWasMeant)
         EXPECT_EQ(Run(arguments), told);
     EXPECT_EQ(Run("info p/Db/Root.Gamdb00s", {}, "/dev/full"),
               "4\nerr: corvanectl: The output could not be written: no space left on the disk.\n");
+}
+
+TEST_F(CCorvanectl, OverridesWritesBothFilesOrNeither)
+{
+    WriteFamily();
+    const std::string overrides = "overrides p/Db/Root.Gamdb00s";
+    EXPECT_EQ(Run(overrides),
+              "4\nerr: corvanectl: The creator library '~/p/' is missing or writes no overrides.\n");
+    m_Scratch.WriteBytes("p/x.proj00", "[Project Directories]\nResourceRoot=Data\n[Project Binaries]\n"
+                                       "GameDatabase=" CREATOR_LIBRARY "\n");
+    EXPECT_EQ(Run(overrides),
+              "0\nerr: corvanectl: The overrides of build 0 are in '~/p/Db/MPCustomizations.txt', "
+              "their limits in '~/p/Db/DBConstraints.dat'.\n");
+    EXPECT_NE(m_Scratch.ReadBytes("p/Db/MPCustomizations.txt").find("\nAll/Beasts/Elder/Mass = 8\n"),
+              std::string::npos);
+    EXPECT_EQ(
+        Run(overrides + " --build 10 --database late.txt --constraints=late.dat"),
+        "0\nerr: corvanectl: The overrides of build 10 are in '~/late.txt', their limits in '~/late.dat'.\n");
+    EXPECT_EQ(m_Scratch.ReadBytes("late.txt").find("Mass"), std::string::npos);
+
+    m_Scratch.WriteBytes("late.txt", "old");
+    m_Scratch.WriteBytes("late.dat", "old");
+    const std::size_t before = TakeSnapshot().size();
+    const std::pair<const char*, const char*> rows[] = {
+        {" --database none/x", "The file '~/none/x' could not be written: no such file or directory."},
+        {" --constraints p", "The file '~/p' could not be written: not a file of the wanted kind."},
+        {" --database x --constraints X", "The text and the limits cannot be one file."},
+    };
+    for (const auto& [options, told] : rows)
+        EXPECT_EQ(Run(overrides + options), "4\nerr: corvanectl: " + std::string(told) + "\n");
+    EXPECT_EQ(Run(overrides + " --database late.txt --constraints late.dat", "ulimit -f 0; ").substr(0, 2),
+              "4\n");
+    EXPECT_EQ(m_Scratch.ReadBytes("late.txt") + m_Scratch.ReadBytes("late.dat"), "oldold");
+    EXPECT_EQ(TakeSnapshot().size(), before) << "no temporary file is left";
 }

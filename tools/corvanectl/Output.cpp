@@ -41,12 +41,17 @@ int PrintResult(std::string_view text)
     return kStatusNotWritten;
 }
 
+void TellNotWritten(std::u16string_view path, const CFileError& error)
+{
+    PrintError("The file '" + ToNarrow(path) + "' could not be written: " + ToNarrow(error.GetText()) + ".");
+}
+
 bool WriteResult(IFileSystem& files, std::u16string_view path, std::string_view text)
 {
     const CSignalHold hold;
     const CFileError error = files.WriteFile(path, std::as_bytes(std::span(text)));
     if (error.IsOk())
         return true;
-    PrintError("The file '" + ToNarrow(path) + "' could not be written: " + ToNarrow(error.GetText()) + ".");
+    TellNotWritten(path, error);
     return false;
 }

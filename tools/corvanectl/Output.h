@@ -6,6 +6,7 @@
 #include <string_view>
 
 class IFileSystem;
+struct CFileError;
 
 // A message on standard error, with the program's name ahead. `text` is UTF-8 without a line end at its end.
 void PrintError(std::string_view text);
@@ -18,6 +19,9 @@ void PrintError(std::string_view text);
 
 // The result on standard output. The status is kStatusOk, or kStatusNotWritten with a message.
 [[nodiscard]] int PrintResult(std::string_view text);
+
+// Tells why a file could not be written.
+void TellNotWritten(std::u16string_view path, const CFileError& error);
 
 // The result in a file: the file is written whole or keeps what it had, also when the run is ended by a
 // signal. False, with a message that names file and cause, when it cannot be written.

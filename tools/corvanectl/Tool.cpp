@@ -5,6 +5,7 @@
 #include "InfoCommand.h"
 #include "ListCommand.h"
 #include "Output.h"
+#include "OverridesCommand.h"
 #include "ShowCommand.h"
 #include "Unicode.h"
 #include "ValidateCommand.h"
@@ -20,6 +21,7 @@ std::span<const SCommand> GetCommands()
     static const SCommand kCommands[] = {
         kInfoCommand,
         kListCommand,
+        kOverridesCommand,
         kShowCommand,
         kValidateCommand,
     };
