@@ -12,8 +12,8 @@ constexpr std::uint32_t kBuild = 7;
 CBenchHost::CBenchHost(IFileSystem& files, const std::filesystem::path& scratch)
     : m_Services(files), m_Profile(files, (scratch / "profile.ini").u16string()),
       m_Modules(files, GetProgramDirectory(), ResolvePath(GetProgramDirectory(), u"../lib/")),
-      m_Manager({files, m_Questions, m_Services, m_Run, m_Profile, m_Modules}, m_Types, m_AttribData, m_Gate,
-                m_Undo)
+      m_Undo(m_Services), m_Manager({files, m_Questions, m_Services, m_Run, m_Profile, m_Modules}, m_Types,
+                                    m_AttribData, m_Gate, m_Undo)
 {
     m_Run.m_bSilent = true;
     RegisterCorvaneTypes(m_Types, m_AttribData);

@@ -7,7 +7,7 @@
 #include "Profile.h"
 #include "RunState.h"
 #include "SourceGate.h"
-#include "UndoRecorder.h"
+#include "UndoMgr.h"
 #include "host/SilentQuestions.h"
 #include "host/SystemServices.h"
 
@@ -26,6 +26,7 @@ public:
     [[nodiscard]] bool Pack(const std::filesystem::path& target);
     void Close();
     [[nodiscard]] CCorvaneMgr& GetManager() { return m_Manager; }
+    [[nodiscard]] CUndoMgr& GetUndo() { return m_Undo; }
     [[nodiscard]] CRunState& GetRunState() { return m_Run; }
 
 private:
@@ -37,6 +38,6 @@ private:
     CCorvaneTypeMgr m_Types;
     CorvaneSchemaAttribDataMgr m_AttribData;
     CSourceGate m_Gate;
-    CNoUndo m_Undo;
+    CUndoMgr m_Undo;
     CCorvaneMgr m_Manager;
 };

@@ -1,6 +1,6 @@
 // A small database on disk, written from short texts, and a real manager that opens it: the disk's file layer
-// (which a test may let fail), every registered type, a host that records its questions, an undo list and a
-// gate that a test opens and closes by hand.
+// (which a test may let fail), every registered type, a host that records its questions, an undo manager
+// and a gate that a test opens and closes by hand.
 //
 // The end of the object closes the database and looks for objects that are still alive and for assertions
 // that the test did not announce.
@@ -16,7 +16,7 @@
 #include "RunState.h"
 #include "ScratchDir.h"
 #include "SourceGate.h"
-#include "UndoRecorder.h"
+#include "UndoMgr.h"
 #include "host/RecordingQuestions.h"
 #include "host/Services.h"
 
@@ -37,9 +37,10 @@ public:
     [[nodiscard]] bool OpenInShell(std::u16string_view path) override { return Take(u"open ", path); }
     [[nodiscard]] bool PlaySoundFile(std::u16string_view path) override { return Take(u"play ", path); }
     [[nodiscard]] bool MoveToRecycleBin(std::u16string_view) override { return false; }
-    void Beep() override {}
+    void Beep() override { ++m_nBeeps; }
 
     bool m_bServe = false;
+    int m_nBeeps = 0;
     std::vector<std::u16string> m_Calls; // "open <path>", "play <path>".
 
 private:
@@ -48,20 +49,6 @@ private:
         m_Calls.push_back(std::u16string(what).append(path));
         return m_bServe;
     }
-};
-
-// Keeps restore points while a test lets it record.
-class CManualUndo final : public IUndoRecorder
-{
-public:
-    [[nodiscard]] bool IsRecording() const override { return m_bRecording; }
-    [[nodiscard]] bool IsReplaying() const override { return false; }
-    [[nodiscard]] bool HasEntries() const override { return !m_Points.empty(); }
-    void AddRestorePoint(std::unique_ptr<CUndoRestorePoint> p) override { m_Points.push_back(std::move(p)); }
-    void Clear() override { m_Points.clear(); }
-
-    bool m_bRecording = false;
-    std::vector<std::unique_ptr<CUndoRestorePoint>> m_Points;
 };
 
 // Source control that is connected, controls every file and grants or refuses.
@@ -165,7 +152,7 @@ public:
     CCorvaneTypeMgr m_Types;
     CorvaneSchemaAttribDataMgr m_AttribData;
     CManualGate m_Gate;
-    CManualUndo m_Undo;
+    CUndoMgr m_Undo{m_Services};
     std::vector<int> m_Events;
     CAssertCapture m_Asserts;
     std::size_t m_nExpectedAsserts = 0;

@@ -13,7 +13,7 @@
 #include "Profile.h"
 #include "RunState.h"
 #include "SourceGate.h"
-#include "UndoRecorder.h"
+#include "UndoMgr.h"
 #include "host/SystemServices.h"
 
 class IQuestions;
@@ -33,6 +33,8 @@ public:
     [[nodiscard]] const CModuleFinder& GetModules() const { return m_Modules; }
     [[nodiscard]] CRunState& GetRun() { return m_Run; }
     [[nodiscard]] const CCorvaneContext& GetContext() const { return m_Context; }
+    // Commands open their groups here; a run without a user opens none.
+    [[nodiscard]] CUndoMgr& GetUndo() { return m_Undo; }
     [[nodiscard]] CCorvaneMgr& GetManager() { return m_Manager; }
 
 private:
@@ -46,6 +48,6 @@ private:
     CCorvaneTypeMgr m_Types;
     CorvaneSchemaAttribDataMgr m_AttribData;
     CSourceGate m_Gate;
-    CNoUndo m_Undo;
+    CUndoMgr m_Undo;
     CCorvaneMgr m_Manager;
 };

@@ -3,6 +3,7 @@
 #include "CorvaneMgr.h"
 
 #include <memory>
+#include <utility>
 
 CValueRestorePoint::CValueRestorePoint(CCorvaneType& attrib, std::size_t index, bool added)
     : m_pAttrib(&attrib), m_nIndex(index), m_bAdded(added)
@@ -11,29 +12,42 @@ CValueRestorePoint::CValueRestorePoint(CCorvaneType& attrib, std::size_t index, 
         m_sOther = attrib.GetValue(index);
 }
 
-bool CValueRestorePoint::Undo(bool)
+bool CValueRestorePoint::Undo(bool redoable)
 {
-    const std::u16string current(m_pAttrib->GetValue(m_nIndex));
-    // The stored text goes back as it stands: a type's own operation would encode it a second time. The gate
-    // and the modified mark take part as they did the first time.
-    bool done = false;
-    if (m_bAdded && !m_bRemoved)
-        done = m_pAttrib->RemoveValue(m_nIndex);
-    else if (m_bAdded)
-        done = m_pAttrib->CCorvaneType::AddValue(m_sOther);
-    else
-        done = m_pAttrib->CCorvaneType::SetValue(m_nIndex, m_sOther);
-    if (!done)
+    if (m_nIndex >= m_pAttrib->GetValueCount())
         return false;
-    m_bRemoved = m_bAdded && !m_bRemoved;
-    m_sOther = current;
+    if (!m_bAdded)
+        return Exchange();
+    std::u16string current;
+    if (redoable)
+        current = m_pAttrib->GetValue(m_nIndex);
+    if (!m_pAttrib->RemoveValue(m_nIndex))
+        return false;
+    m_sOther = std::move(current);
     m_pAttrib->NotifyViews(nullptr, kViewValueChanged);
     return true;
 }
 
 bool CValueRestorePoint::Redo()
 {
-    return Undo(true);
+    if (!m_bAdded)
+        return Exchange();
+    // The stored text goes back as it stands: a type's own operation would encode it a second time. The gate
+    // and the modified mark take part as they did the first time.
+    if (!m_pAttrib->CCorvaneType::AddValue(m_sOther))
+        return false;
+    m_pAttrib->NotifyViews(nullptr, kViewValueChanged);
+    return true;
+}
+
+bool CValueRestorePoint::Exchange()
+{
+    std::u16string current(m_pAttrib->GetValue(m_nIndex));
+    if (!m_pAttrib->CCorvaneType::SetValue(m_nIndex, m_sOther))
+        return false;
+    m_sOther = std::move(current);
+    m_pAttrib->NotifyViews(nullptr, kViewValueChanged);
+    return true;
 }
 
 std::size_t CValueRestorePoint::GetSize() const

@@ -1,5 +1,5 @@
 // The restore point of one value: holds the other text and exchanges it, so that undo and redo are one
-// operation.
+// operation; a value that was added is removed and added again.
 #pragma once
 
 #include "CorvaneType.h"
@@ -19,11 +19,13 @@ public:
     [[nodiscard]] bool Refers(const CCorvaneRef& object) const override;
 
 private:
+    // Sets the other text and keeps the one that stood there.
+    [[nodiscard]] bool Exchange();
+
     CRef<CCorvaneType> m_pAttrib;
     std::size_t m_nIndex;
     std::u16string m_sOther;
     bool m_bAdded;
-    bool m_bRemoved = false; // The added value is taken away at present.
 };
 
 // Hands a restore point over when a group is open.

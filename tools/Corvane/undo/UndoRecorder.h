@@ -1,4 +1,4 @@
-// How operations hand what they did to whoever remembers it. A restore point knows how to take one change on
+// How operations hand what they did to the undo manager. A restore point knows how to take one change on
 // one object back and to do it again.
 #pragma once
 
@@ -35,15 +35,4 @@ public:
     virtual void AddRestorePoint(std::unique_ptr<CUndoRestorePoint> point) = 0;
     // Forgets everything.
     virtual void Clear() = 0;
-};
-
-// Remembers nothing: the recorder of batch runs.
-class CNoUndo final : public IUndoRecorder
-{
-public:
-    [[nodiscard]] bool IsRecording() const override { return false; }
-    [[nodiscard]] bool IsReplaying() const override { return false; }
-    [[nodiscard]] bool HasEntries() const override { return false; }
-    void AddRestorePoint(std::unique_ptr<CUndoRestorePoint>) override {}
-    void Clear() override {}
 };

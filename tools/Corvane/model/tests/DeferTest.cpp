@@ -7,6 +7,7 @@
 #include "FormatText.h"
 #include "MemberStore.h"
 #include "TestDatabase.h"
+#include "UndoScope.h"
 #include "Unicode.h"
 
 #include <gmock/gmock.h>
@@ -262,8 +263,11 @@ TEST_F(Defer, AFinalRemovalTakesTheEntryOutOfEveryFile)
     ASSERT_TRUE(Attrib("Bases/Omega", "Mass", 10).SetValue(0, u"70"));
     ASSERT_TRUE(Get().SaveDatabase({}, true));
     EXPECT_THAT(Read("Grands/G.record"), HasSubstr("[Attrib.Mass]"));
-    m_Undo.m_bRecording = true;
-    ASSERT_TRUE(Attrib("Bases/Omega", "Mass").SetValue(0, u"21"));
+    {
+        CUndoScope scope(m_Undo);
+        ASSERT_TRUE(Attrib("Bases/Omega", "Mass").SetValue(0, u"21"));
+        scope.Accept(u"");
+    }
     EXPECT_FALSE(Get().DeleteDeferredAttribute(&Schema("Base"), 4)) << "past the end";
     ASSERT_TRUE(m_Undo.HasEntries());
     ExpectStep(Get().DeleteDeferredAttribute(&Schema("Base"), 2), 62, 3,

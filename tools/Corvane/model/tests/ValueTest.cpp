@@ -2,6 +2,7 @@
 #include "CorvaneSchemaAttribData.h"
 #include "CorvaneType.h"
 #include "TestDatabase.h"
+#include "UndoScope.h"
 #include "Unicode.h"
 
 #include <gtest/gtest.h>
@@ -179,7 +180,7 @@ TEST_F(ValueChain, AClosedGateLeavesEverythingAsItWas)
 {
     m_Gate.m_bConnected = true;
     m_Gate.m_bGrant = false;
-    m_Undo.m_bRecording = true;
+    const CUndoScope scope(m_Undo);
     CCorvaneRecord& record = Record("C/Middle");
     CCorvaneType& one = Attrib("C/Middle", "One");
     CCorvaneType& any = Attrib("C/Middle", "Any");
@@ -194,7 +195,8 @@ TEST_F(ValueChain, AClosedGateLeavesEverythingAsItWas)
     CCorvaneType& fixed = Attrib("C/Middle", "Three");
     EXPECT_FALSE(fixed.AddValue(u"x") || fixed.RemoveValue(0) || fixed.SetValue(3, u"x") ||
                  fixed.MoveValueUp(1));
-    EXPECT_FALSE(record.TestFlag(RECORD_FLAG_MODIFIED) || Get().IsDirty() || m_Undo.HasEntries());
+    EXPECT_FALSE(record.TestFlag(RECORD_FLAG_MODIFIED) || Get().IsDirty() || m_Undo.Refers(one) ||
+                 m_Undo.Refers(fixed));
     EXPECT_TRUE(record.SetName(u"Middle"));
     EXPECT_EQ(m_Gate.m_nAsked, 7) << "the same name asks nobody";
 }
@@ -204,27 +206,31 @@ TEST_F(ValueChain, UndoExchangesValues)
     CCorvaneType& one = Attrib("C/Top", "One");
     CCorvaneType& any = Attrib("C/Top", "Any");
     CCorvaneRecord& record = Record("C/Top");
-    m_Undo.m_bRecording = true;
-    ASSERT_TRUE(one.SetValue(0, u"new") && any.AddValue(u"x2"));
-    m_Undo.m_bRecording = false;
-    ASSERT_EQ(m_Undo.m_Points.size(), 2U);
-    CUndoRestorePoint& set = *m_Undo.m_Points[0];
-    CUndoRestorePoint& added = *m_Undo.m_Points[1];
-    EXPECT_TRUE(set.Refers(one) && !set.Refers(any) && added.Refers(any));
+    {
+        CUndoScope scope(m_Undo);
+        ASSERT_TRUE(one.SetValue(0, u"new"));
+        scope.Accept(u"");
+    }
+    EXPECT_TRUE(m_Undo.Refers(one) && !m_Undo.Refers(any));
+    {
+        CUndoScope scope(m_Undo);
+        ASSERT_TRUE(any.AddValue(u"x2"));
+        scope.Accept(u"");
+    }
     for (int round = 0; round < 2; ++round)
     {
-        EXPECT_TRUE(added.Undo(true) && set.Undo(true));
+        EXPECT_TRUE(m_Undo.Undo(2));
         EXPECT_EQ(Value("C/Top", "One"), "top");
         EXPECT_EQ(any.GetValueCount(), 2U);
         record.SetModified(false);
-        EXPECT_TRUE(added.Redo());
+        EXPECT_TRUE(m_Undo.Redo(1));
         EXPECT_TRUE(record.TestFlag(RECORD_FLAG_MODIFIED)) << "what was done again must be saved";
-        EXPECT_TRUE(set.Redo());
+        EXPECT_TRUE(m_Undo.Redo(1));
         EXPECT_EQ(Value("C/Top", "One") + ToNarrow(any.GetValue(2)), "newx2");
     }
     // What the point would take back is gone.
     ASSERT_TRUE(any.RemoveValue(2));
-    EXPECT_FALSE(added.Undo(true));
+    EXPECT_FALSE(m_Undo.Undo(1));
 }
 
 TEST_F(ValueChain, CopiesReferencesAndOrphans)

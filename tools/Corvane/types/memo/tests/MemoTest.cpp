@@ -1,6 +1,7 @@
 #include "memo/CorvaneTypeMemo.h"
 
 #include "TestAttribute.h"
+#include "UndoScope.h"
 
 #include <gtest/gtest.h>
 
@@ -41,14 +42,14 @@ TEST(Memo, StoredTextsAreNotEscapedAgain)
     CTestAttribute test(u"Memo", {u"Values=-1", u"Default=a\\nb"});
     auto& memo = test.Get<CCorvaneTypeMemo>();
     EXPECT_EQ(ReadMemo(memo, 5), u"a\r\nb");
-    test.m_Undo.m_bRecording = true;
-    test.Set({u"c\\d"});
-    test.m_Undo.m_bRecording = false;
-    ASSERT_EQ(test.m_Undo.m_Points.size(), 1u);
-    ASSERT_TRUE(test.m_Undo.m_Points[0]->Undo(true));
+    {
+        CUndoScope scope(test.m_Undo);
+        test.Set({u"c\\d"});
+        scope.Accept(u"");
+    }
+    ASSERT_TRUE(test.m_Undo.Undo(1));
     EXPECT_EQ(memo.GetValue(0), u"a\\nb");
-    ASSERT_TRUE(test.m_Undo.m_Points[0]->Redo());
+    ASSERT_TRUE(test.m_Undo.Redo(1));
     ASSERT_TRUE(memo.AddValue(u"a\\b\nc") && memo.MoveValueUp(1));
     EXPECT_EQ(ShowValues(memo), "a\\\\b\\nc|c\\\\d");
-    test.m_Undo.Clear();
 }

@@ -1,6 +1,7 @@
 // What links do when records are deleted, moved, renamed and read again.
 #include "CorvaneMgr.h"
 #include "TestAttribute.h"
+#include "UndoScope.h"
 #include "Unicode.h"
 
 #include <gtest/gtest.h>
@@ -97,14 +98,15 @@ TEST_F(CReactionTest, DefaultsAndRecordsOutsideTheTreeDoNotRefuseButAreRepaired)
     const CCorvaneAttrib& link = *removed->GetAttributeList()[1];
     m_Test.Category("Store").RemoveRecord(*removed);
     EXPECT_EQ(Notify(ECorvaneEvent::RecordDeleting, Get("B")), 0);
-    m_Test.m_Undo.m_bRecording = true;
-    EXPECT_EQ(Notify(ECorvaneEvent::RecordDeleted, Get("B")), 0);
-    m_Test.m_Undo.m_bRecording = false;
+    {
+        CUndoScope scope(m_Test.m_Undo);
+        EXPECT_EQ(Notify(ECorvaneEvent::RecordDeleted, Get("B")), 0);
+        scope.Accept(u"");
+    }
     EXPECT_EQ(ShowValues(link) + ShowValues(fallback), "<none>|<none><none>|<none>");
     // The repair belongs to the step that the delete is part of.
-    ASSERT_EQ(m_Test.m_Undo.m_Points.size(), 2u);
-    EXPECT_TRUE(m_Test.m_Undo.m_Points[1]->Undo(true));
-    EXPECT_EQ(ShowValues(link), "Store/B|<none>");
+    EXPECT_TRUE(m_Test.m_Undo.Undo(1));
+    EXPECT_EQ(ShowValues(link) + ShowValues(fallback), "Store/B|<none><none>|Store/B");
     m_Test.m_Undo.Clear();
     m_Test.Category("Store").AddRecord(*removed);
     EXPECT_NE(Notify(ECorvaneEvent::RecordDeleting, Get("B")), 0);

@@ -3,6 +3,7 @@
 #include "CorvaneMgr.h"
 #include "CorvaneRecord.h"
 #include "StructDatabase.h"
+#include "UndoScope.h"
 #include "Unicode.h"
 
 #include <gmock/gmock.h>
@@ -171,32 +172,30 @@ TEST_F(StructRecord, AnInsertedRowIsTakenBackWithItsMembers)
     AddRecord("Bags/One", "Bag", kTwoRows);
     ASSERT_TRUE(Open());
     CCorvaneTypeStruct& items = Items("Bags/One");
-    m_Undo.m_bRecording = true;
-    ASSERT_TRUE(items.InsertRow(1));
-    ASSERT_TRUE(Member("Bags/One", 1, 0).SetValue(0, u"oil"));
-    m_Undo.m_bRecording = false;
-    ASSERT_EQ(m_Undo.m_Points.size(), 2u);
-    CUndoRestorePoint& inserted = *m_Undo.m_Points[0];
+    {
+        CUndoScope scope(m_Undo);
+        ASSERT_TRUE(items.InsertRow(1));
+        ASSERT_TRUE(Member("Bags/One", 1, 0).SetValue(0, u"oil"));
+        scope.Accept(u"");
+    }
     const CRef<CCorvaneAttrib> member(&Member("Bags/One", 1, 0));
     const std::string after = Show(items);
-    EXPECT_TRUE(inserted.Refers(items));
+    EXPECT_TRUE(m_Undo.Refers(items));
     for (int round = 0; round < 2; ++round)
     {
-        EXPECT_TRUE(m_Undo.m_Points[1]->Undo(true));
-        EXPECT_TRUE(inserted.Undo(true));
+        EXPECT_TRUE(m_Undo.Undo(1));
         EXPECT_EQ(Show(items), kTwoShown);
         EXPECT_EQ(member->GetOwnerRecord(), nullptr);
-        EXPECT_TRUE(inserted.Refers(*member));
-        EXPECT_TRUE(inserted.Redo());
-        EXPECT_TRUE(m_Undo.m_Points[1]->Redo());
+        EXPECT_TRUE(m_Undo.Refers(*member));
+        EXPECT_TRUE(m_Undo.Redo(1));
         EXPECT_EQ(Show(items), after);
         EXPECT_EQ(items.GetChildAttributeAt(1, 0), member.Get());
     }
     // A member that came meanwhile is missing in the row that is held.
-    ASSERT_TRUE(inserted.Undo(true));
+    ASSERT_TRUE(m_Undo.Undo(1));
     Write("Schemas/Item.struct", std::string(kItem) + "[Attrib.New.0]\nType=Boolean\n");
     ASSERT_TRUE(File("Bags/One").Reload());
-    EXPECT_FALSE(inserted.Redo());
+    EXPECT_FALSE(m_Undo.Redo(1));
 }
 
 namespace
