@@ -105,12 +105,12 @@ public:
 
     [[nodiscard]] std::int32_t WaitFor(IProgress& progress)
     {
-        while (!HasEndedWithin(kBetweenPumps))
+        do
         {
             m_Events.Show(progress);
             if (progress.Pump())
                 m_Events.Cancel();
-        }
+        } while (!HasEndedWithin(kBetweenPumps));
         m_Thread.join();
         m_Events.Show(progress);
         if (m_pThrown)

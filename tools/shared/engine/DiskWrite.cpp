@@ -165,3 +165,10 @@ CFileError ReplaceFile(const std::string& path, std::span<const std::byte> conte
         error = replacement.Write(content);
     return error.IsOk() ? replacement.Commit() : error;
 }
+
+CFileError FlushFile(const std::string& path)
+{
+    CDescriptor file;
+    file.Reset(::open(path.c_str(), O_WRONLY | O_CLOEXEC));
+    return file.IsOpen() && ::fsync(file.Get()) == 0 ? file.Close() : CFileError::FromErrno(errno);
+}

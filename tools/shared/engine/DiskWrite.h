@@ -10,3 +10,6 @@
 
 // The file that `path` names at the end of its links, which need not exist.
 [[nodiscard]] CFileError FollowLinks(std::string& path);
+
+// Brings a file that somebody else wrote and closed down to the disk. `path` is the operating system's.
+[[nodiscard]] CFileError FlushFile(const std::string& path);
