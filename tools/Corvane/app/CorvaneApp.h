@@ -55,6 +55,7 @@ private:
     // Batch runs (CorvaneApp_Batch).
     [[nodiscard]] bool RunBatchAction();
     void Pack();
+    void UpdateDependencies();
     void TellRunningPostBuildStep(std::u16string_view command);
 
     void ChooseHost();

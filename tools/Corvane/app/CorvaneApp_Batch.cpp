@@ -3,8 +3,10 @@
 
 #include "CorvaneDoc.h"
 #include "DatabaseCompiler.h"
+#include "DependencyUpdate.h"
 #include "FormatText.h"
 #include "NumberText.h"
+#include "ProgramStart.h"
 
 bool CCorvaneApp::RunBatchAction()
 {
@@ -15,10 +17,19 @@ bool CCorvaneApp::RunBatchAction()
     }
     if (m_CommandLine.m_sUpdateDependency.empty())
         return false;
-    m_Questions.Tell(u"Update Dependency", u"Dependency output is not in this build of the program.",
-                     EIcon::Stop);
-    m_Run.m_nExitStatus = kExitFailed;
+    UpdateDependencies();
     return true;
+}
+
+// The status of the run says nothing of the walk, which has told every failure.
+void CCorvaneApp::UpdateDependencies()
+{
+    const auto open = [this](std::u16string_view rootFile)
+    {
+        const CCorvaneDoc* document = OpenDocumentFile(rootFile);
+        return document && document->IsLoaded();
+    };
+    CDependencyUpdate(m_Manager, open).Run(MakeDocumentPath(m_CommandLine.m_sUpdateDependency));
 }
 
 void CCorvaneApp::Pack()
