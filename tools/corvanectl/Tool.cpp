@@ -1,6 +1,7 @@
 #include "Tool.h"
 
 #include "Command.h"
+#include "DependenciesCommand.h"
 #include "FormatText.h"
 #include "InfoCommand.h"
 #include "ListCommand.h"
@@ -19,6 +20,7 @@ constexpr std::string_view kUsage = "Usage: corvanectl COMMAND [ARGUMENTS]\n";
 std::span<const SCommand> GetCommands()
 {
     static const SCommand kCommands[] = {
+        kDependenciesCommand,
         kInfoCommand,
         kListCommand,
         kOverridesCommand,

@@ -5,6 +5,7 @@
 #include "FormatText.h"
 #include "Path.h"
 #include "RunState.h"
+#include "SignalHold.h"
 #include "host/Interrupt.h"
 #include "host/Questions.h"
 
@@ -67,6 +68,7 @@ bool CDependencyUpdate::UpdateRoot(std::u16string_view rootFile)
         return true;
     }
     CDependencyOutput output(m_Manager);
+    const CSignalHold hold({SIGTERM, SIGHUP}); // They wait for the end of the file.
     const std::int32_t result = output.SaveDependencies(target);
     if (result == kResultCancelled)
         return TellCancel();

@@ -3,15 +3,16 @@
 #pragma once
 
 #include <csignal>
+#include <initializer_list>
 
 class CSignalHold
 {
 public:
-    CSignalHold()
+    explicit CSignalHold(std::initializer_list<int> signals = {SIGINT, SIGTERM, SIGHUP})
     {
         sigset_t held;
         sigemptyset(&held);
-        for (const int signal : {SIGINT, SIGTERM, SIGHUP})
+        for (const int signal : signals)
             sigaddset(&held, signal);
         ::pthread_sigmask(SIG_BLOCK, &held, &m_Before);
     }

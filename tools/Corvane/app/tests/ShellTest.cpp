@@ -154,15 +154,37 @@ TEST_F(CShellTest, TheProfileIsWrittenAndAFailureKeepsTheRecentFiles)
 
 TEST_F(CShellTest, MessagesOfTheOtherRuns)
 {
-    EXPECT_EQ(Run("-UpdateDependency p"),
-              "5 Update Dependency: Dependency output is not in this build of the program.\n");
-    EXPECT_EQ(Run("-Silent -UpdateDependency p -Window 12"), "5 ");
     EXPECT_EQ(Run("-Window 12 -Pack " + kRoot),
               "0 Cannot Find Window: The window handle '12' was specified at the command line but the window "
               "could not be found.\n");
     const std::string noWindows = Run("--help");
     EXPECT_EQ(noWindows.find("5 Corvane: The user interface could not be started: "), 0U) << noWindows;
     EXPECT_NE(noWindows.find("-BuildNumber"), std::string::npos) << noWindows;
+}
+
+TEST_F(CShellTest, TheDependencyRunGoesOnAndNamesWhatFails)
+{
+    m_Scratch.WriteBytes("p/Db/Bad.Gamdb00s", "x");
+    m_Scratch.WriteBytes("p/Db/Bad.Gamdb00dc", "old");
+    fs::create_directories(m_Scratch.GetPath() / "p/Db/Full/Other.Gamdb00dc");
+    fs::copy_file(m_Scratch.GetPath() / kRoot, m_Scratch.GetPath() / "p/Db/Full/OTHER.gamdb00S");
+    fs::create_directory_symlink(".", m_Scratch.GetPath() / "p/Loop");
+    EXPECT_EQ(Run("-UpdateDependency p/"),
+              "0 Invalid Game Database Root File: The following file is not a valid game database root file "
+              "(*.Gamdb00s) or the file may be corrupt\n\n~/p/Db/Bad.Gamdb00s\n"
+              "Update Dependency: The root file '~/p/Db/Bad.Gamdb00s' could not be loaded. "
+              "'~/p/Db/Bad.Gamdb00dc' was not written.\n"
+              "Update Dependency: The file '~/p/Db/Full/OTHER.Gamdb00dc' could not be written: not a file of "
+              "the wanted kind.\n"
+              "Update Dependency: The file '~/p/Db/Root.Gamdb00dc' was written.\n");
+    EXPECT_EQ(m_Scratch.ReadBytes("p/Db/Bad.Gamdb00dc"), "old");
+    const std::string list = m_Scratch.ReadBytes("p/Db/Root.Gamdb00dc");
+    EXPECT_EQ(list.substr(0, 4), std::string(4, '\0')) << "the mark of a compressed file";
+    fs::remove(m_Scratch.GetPath() / "p/Db/Root.Gamdb00dc");
+    EXPECT_EQ(Run("-Silent -UpdateDependency ~/p/Db"), "0 ");
+    EXPECT_EQ(m_Scratch.ReadBytes("p/Db/Root.Gamdb00dc"), list);
+    EXPECT_EQ(Run("-UpdateDependency none"), "0 Update Dependency: The directory '~/none' could not be read: "
+                                             "no such file or directory.\n");
 }
 
 TEST_F(CShellTest, SilentAloneWaitsForASignalAndClosesInOrder)
