@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Installs what is missing, builds and runs every test in the release and the sanitizer build.
-# --extended adds Clang with its linter over what changed, and the fuzzers for a minute each.
+# --extended adds the thread sanitizer over the workers, Clang with its linter over what changed, and the fuzzers
+# for a minute each.
 source "$(dirname "$0")/common.sh"
 
 extended=false
@@ -12,8 +13,11 @@ esac
 
 install_packages "${build_packages[@]}"
 
+# run_tests PRESET [CTEST-ARGUMENT...]
 run_tests() {
-  ctest --test-dir "build/$1" --output-on-failure -j "$(nproc)" --no-tests=error
+  local preset=$1
+  shift
+  ctest --test-dir "build/$preset" --output-on-failure -j "$(nproc)" --no-tests=error "$@"
 }
 
 for preset in release asan; do
@@ -22,6 +26,8 @@ for preset in release asan; do
 done
 
 if $extended; then
+  build tsan compile_tests
+  run_tests tsan -R 'Worker|PostBuild|DependencyOutput|OverrideOutput'
   install_packages "${extended_packages[@]}"
   build clang
   run_tests clang
