@@ -7,7 +7,7 @@ table=$(cd "$(dirname "$0")" && pwd)/arrows.txt
 cd "${1:-$(dirname "$0")/../..}"
 
 sources() {
-  find sdk libs tools/shared tools/Corvane tools/corvanectl modules samples/outpost/src tests/support \
+  find sdk libs tools/shared tools/Corvane tools/corvanectl tools/zrc modules samples/outpost/src tests/support \
     -type d \( -name tests -o -name fuzz -o -name bench \) ! -path tests/support -prune -o \
     -type f \( -name '*.h' -o -name '*.cpp' \) -print 2>/dev/null | sort
 }

@@ -1,0 +1,6 @@
+// "zrc view".
+#pragma once
+
+#include "Tool.h"
+
+extern const SCommand kViewCommand;
