@@ -15,6 +15,7 @@ namespace fs = std::filesystem;
 
 namespace
 {
+constexpr const char* kUserDirectory = "XDG_CONFIG_HOME";
 const std::string kDatabase = "Game/Database/";
 
 // A reference to what a test looks for, or the end of the test.
@@ -26,6 +27,21 @@ template <class T> T& Require(T* object, std::string_view name)
 }
 } // namespace
 
+CUserDirectoryScope::CUserDirectoryScope(const fs::path& path)
+{
+    if (const char* before = std::getenv(kUserDirectory))
+        m_sBefore = before;
+    ::setenv(kUserDirectory, path.c_str(), 1);
+}
+
+CUserDirectoryScope::~CUserDirectoryScope()
+{
+    if (m_sBefore)
+        ::setenv(kUserDirectory, m_sBefore->c_str(), 1);
+    else
+        ::unsetenv(kUserDirectory);
+}
+
 CTestDatabase::CTestDatabase()
     : m_Files(m_Disk, [this](EFileOperation operation, std::u16string_view path)
               { return m_Failure ? m_Failure(operation, path) : EFileError::None; }),
@@ -33,7 +49,6 @@ CTestDatabase::CTestDatabase()
       m_Modules(m_Files, m_Scratch.Text("program/"), m_Scratch.Text("modules/")),
       m_nLive(CCorvaneRef::GetLiveCount())
 {
-    ::setenv("XDG_CONFIG_HOME", (m_Scratch.GetPath() / "config").c_str(), 1);
     m_Scratch.WriteBytes("Game/Game.proj00", "[Project Directories]\nResourceRoot=Data\n");
     Write("Root.Gamdb00s",
           "[General]\nVersion=3\nName=Test\nDatabase={11111111-2222-3333-4444-555555555555}\n");

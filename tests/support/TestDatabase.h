@@ -23,6 +23,7 @@
 #include <filesystem>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -83,6 +84,21 @@ private:
     }
 };
 
+// Leads the settings of the user to a directory, and back to where they lay before. Databases that live side
+// by side so write to one that is still there: the first to go gives the place back to the one that was there
+// before it.
+class CUserDirectoryScope
+{
+public:
+    explicit CUserDirectoryScope(const std::filesystem::path& path);
+    ~CUserDirectoryScope();
+    CUserDirectoryScope(const CUserDirectoryScope&) = delete;
+    CUserDirectoryScope& operator=(const CUserDirectoryScope&) = delete;
+
+private:
+    std::optional<std::string> m_sBefore; // Empty when the variable was not set.
+};
+
 class CTestDatabase
 {
 public:
@@ -141,6 +157,7 @@ public:
     [[nodiscard]] std::string GetPerUserFile() const;
 
     CScratchDir m_Scratch;
+    CUserDirectoryScope m_UserDirectory{m_Scratch.GetPath() / "config"};
     CDiskFileSystem m_Disk;
     CFailingFileSystem::FFailure m_Failure;
     CFailingFileSystem m_Files;
