@@ -217,7 +217,8 @@ void CCorvaneTypeStruct::CopyValuesFrom(const CCorvaneAttrib& older)
 {
     if (older.GetTypeGuid() != kTypeGuid || GetStructFile() == nullptr)
         return;
-    const CStructRows source = static_cast<const CCorvaneTypeStruct&>(older).GetAttributePointerList();
+    // The rows that a save keeps: those of a record that lost its parent are its own, though none shows.
+    const CStructRows source = static_cast<const CCorvaneTypeStruct&>(older).GetSavedRows();
     SetRowCounts(source.size(), m_nInheritedRows);
     for (std::size_t row = 0; row < source.size(); ++row)
     {
@@ -250,9 +251,12 @@ void CCorvaneTypeStruct::SetInherit(bool value, bool recursive)
         for (const CRef<CCorvaneType>& member : Row(m_Members))
             member->SetInherit(value, true);
     }
-    // What is hidden by now needs no rows; what is shown by now follows the parent.
-    if (GetInherit() != before && RefreshInherited())
-        RefreshBelow(0);
+    // What is hidden by now needs no rows; what is shown by now follows the parent. The rows in force change
+    // even where the second list does not: that of a parent without rows is empty before and after.
+    if (GetInherit() == before)
+        return;
+    static_cast<void>(RefreshInherited());
+    RefreshBelow(0);
 }
 
 bool CCorvaneTypeStruct::IsMemberShown(const CCorvaneAttrib& child) const
