@@ -1,25 +1,20 @@
-// Runs the golden files "*.golden" of all types, which lie in the tests folder of each type. A file is what a
-// run of its commands prints: a command stands at the start of a line and its answer is indented below it.
+// Runs the golden files "*.golden" of all types, which lie in the tests folder of each type.
 //   Key=text        a key of the attribute's schema section; Type begins a new section
 //   default <text>  makes the attribute: its first value, and what the user is told
 //   set <text>      sets the value at the next index
 //   check, outputs, dependencies
 //                   the findings of a validation, the calls of both creator libraries, the dependencies
 // Blanks at the end of a line count.
+#include "GoldenText.h"
 #include "TestAttribute.h"
 #include "Unicode.h"
 
-#include <fstream>
 #include <gtest/gtest.h>
 #include <map>
 #include <memory>
-#include <regex>
-#include <sstream>
 
 namespace
 {
-namespace fs = std::filesystem;
-
 class CGoldenRun
 {
 public:
@@ -28,7 +23,7 @@ public:
         const std::size_t end = std::min(line.find_first_of(" ="), line.size());
         const std::string command = line.substr(0, end);
         const std::string text = line.substr(std::min(end + 1, line.size()));
-        if (command.empty() || command[0] == '#')
+        if (command.empty())
             return "";
         if (command == "default")
             return MakeAttribute(text);
@@ -71,39 +66,17 @@ private:
     std::unique_ptr<CTestAttribute> m_pTest;
 };
 
-std::vector<fs::path> FindGoldenFiles()
-{
-    std::vector<fs::path> files;
-    for (const fs::directory_entry& entry : fs::recursive_directory_iterator(TYPES_FOLDER))
-    {
-        if (entry.path().extension() == ".golden")
-            files.push_back(entry.path());
-    }
-    return files;
-}
 } // namespace
 
-class TypeGolden : public testing::TestWithParam<fs::path>
+class TypeGolden : public testing::TestWithParam<std::filesystem::path>
 {
 };
 
 TEST_P(TypeGolden, SaysWhatTheFileSays)
 {
-    std::ifstream file(GetParam());
-    std::string expected, actual;
     CGoldenRun run;
-    for (std::string line; std::getline(file, line);)
-    {
-        expected += line + '\n';
-        if (line.starts_with("  "))
-            continue;
-        actual += line + '\n';
-        std::istringstream answer(run.Execute(line));
-        while (std::getline(answer, line))
-            actual += "  " + std::regex_replace(line, std::regex("\r"), "<CR>") + '\n';
-    }
-    EXPECT_EQ(actual, expected);
+    CheckGolden(GetParam(), [&](const std::string& line) { return run.Execute(line); });
 }
 
-INSTANTIATE_TEST_SUITE_P(Types, TypeGolden, testing::ValuesIn(FindGoldenFiles()),
+INSTANTIATE_TEST_SUITE_P(Types, TypeGolden, testing::ValuesIn(FindGoldenFiles(".golden")),
                          [](const auto& entry) { return entry.param.stem().string(); });

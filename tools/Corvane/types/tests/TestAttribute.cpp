@@ -69,8 +69,25 @@ std::string ShowValues(const CCorvaneAttrib& attrib)
 {
     std::string text;
     for (std::size_t i = 0; i < attrib.GetValueCount(); ++i)
-        text += (i > 0 ? "|" : "") + ToNarrow(attrib.GetValue(i));
+    {
+        if (attrib.GetChildAttributeAt(i, 0) == nullptr)
+        {
+            text += (i > 0 ? "|" : "") + ToNarrow(attrib.GetValue(i));
+            continue;
+        }
+        std::string row;
+        for (std::size_t m = 0; const CCorvaneAttrib* member = attrib.GetChildAttributeAt(i, m); ++m)
+            row += (m > 0 ? " " : "") + ShowAttrib(*member);
+        text += "[" + row + "]";
+    }
     return text;
+}
+
+std::string ShowAttrib(const CCorvaneAttrib& attrib)
+{
+    const std::string build = attrib.GetBuild() > 0 ? "@" + std::to_string(attrib.GetBuild()) : "";
+    return ToNarrow(attrib.GetName()) + build + (attrib.IsTodo() ? "!" : "") +
+           (attrib.IsModified() ? "*" : "") + (attrib.GetInherit() ? "^=" : "=") + ShowValues(attrib);
 }
 
 void CRecordingSink::AddError(ESeverity severity, std::u16string_view type, std::u16string_view description,

@@ -34,8 +34,11 @@ public:
     [[nodiscard]] std::string Check();
 };
 
-// The values as they show, separated by '|'.
+// The values as they show, separated by '|'; the rows of a struct in brackets.
 [[nodiscard]] std::string ShowValues(const CCorvaneAttrib& attrib);
+// "Name@build=values" without a build of 0; before the '=' stand '!' for a todo, '*' for a modified mark and
+// '^' for inheritance.
+[[nodiscard]] std::string ShowAttrib(const CCorvaneAttrib& attrib);
 
 // Keeps findings as lines "<severity> <type> <value index>: <description>", and dependencies as lines.
 class CRecordingSink final : public IValidationSink, public IDependencySink

@@ -1,181 +1,144 @@
-// The type and its attribute data: what a link may name, what it is checked for and what reaches the outputs.
-#include "recordlink/CorvaneTypeRecordLink.h"
-
+// What of links needs more than a script: the state of the run, records outside the tree, the undo list, and
+// the last records of an attribute.
 #include "CorvaneMgr.h"
 #include "TestAttribute.h"
+#include "UndoScope.h"
 #include "Unicode.h"
+#include "recordlink/CorvaneTypeRecordLink.h"
 #include "recordlink/RecordLinkMru.h"
 
 #include <gtest/gtest.h>
 
 namespace
 {
-// Item, Weapon below it, Pistol below that, and Food; one category of each schema.
+// Records Store/A to Store/C, each with a link of two values, and Other/A of a schema that derives from
+// theirs.
 class CLinkTest : public testing::Test
 {
 protected:
     CLinkTest()
     {
-        WriteSchemas("Item", "");
-        for (const char* name : {"Item", "Weapon", "Pistol", "Food"})
-        {
-            m_Test.AddCategory(std::string(name) + "s", name);
-            m_Test.AddRecord(std::string(name) + "s/One", name);
-        }
-        m_Test.AddRecord("Pistols/Two", "Pistol", {}, "VirtualRelativeCategory=Small/Old\n");
+        m_Test.AddSchema("Thing", "[Attrib.Pair.0]\nType=RecordLink\nValues=2\nData=private Thing\n");
+        m_Test.AddSchema("Tool", "", "Thing");
+        m_Test.AddCategory("Store", "Thing");
+        m_Test.AddCategory("Other", "Tool");
+        for (const char* name : {"Store/A", "Store/B", "Store/C"})
+            m_Test.AddRecord(name, "Thing");
+        m_Test.AddRecord("Other/A", "Tool");
+        EXPECT_TRUE(m_Test.Open());
     }
 
-    void WriteSchemas(std::string_view weaponParent, std::string_view data)
+    CCorvaneTypeRecordLink& Link(std::string_view record)
     {
-        m_Test.AddSchema("Item", "[Attrib.Link.0]\nType=RecordLink\nValues=-1\nDefault=\nData=" +
-                                     std::string(data) + "\n");
-        m_Test.AddSchema("Weapon", "", weaponParent);
-        m_Test.AddSchema("Pistol", "", "wEAPON");
-        m_Test.AddSchema("Food", "");
+        return dynamic_cast<CCorvaneTypeRecordLink&>(m_Test.Attrib(record, "Pair"));
     }
-    void Open(std::string_view data)
+    CCorvaneRecord& Get(std::string_view record) { return m_Test.Record(record); }
+    int Notify(ECorvaneEvent code, CCorvaneRecord& record)
     {
-        WriteSchemas("Item", data);
-        ASSERT_TRUE(m_Test.Open());
-    }
-
-    CCorvaneTypeRecordLink& Link()
-    {
-        return dynamic_cast<CCorvaneTypeRecordLink&>(m_Test.Attrib("Items/One", "Link"));
-    }
-    CCorvaneTypeRecordLinkData& Data()
-    {
-        return static_cast<CCorvaneTypeRecordLinkData&>(*Link().GetAttribData());
-    }
-    // "Schema Schema | category category".
-    std::string GetLists()
-    {
-        std::string lists;
-        for (const CCorvaneSchema* schema : Data().GetSchemaList())
-            lists += ToNarrow(schema->GetName()) + " ";
-        lists += "|";
-        for (const CCorvaneCategory* category : Data().GetCategoryList())
-        {
-            std::u16string path;
-            m_Test.Get().GetCategoryPath(category, path);
-            lists += " " + ToNarrow(path);
-        }
-        return lists;
+        return m_Test.Get().Notify(CCorvaneEvent(code, &record));
     }
 
     CTestDatabase m_Test;
 };
 
-TEST_F(CLinkTest, TheDataTextAllowsSchemasAndTheirCategories)
+TEST_F(CLinkTest, NobodyIsAskedWhereNobodyCanAnswer)
 {
-    const std::pair<const char*, const char*> cases[] = {
-        {"", "|"},
-        {"Nothing;public ;private", "|"},
-        {"Food", "Food | Foods"},
-        {"public weapon", "Weapon Pistol | Pistols Weapons Pistols/Small Pistols/Small/Old"},
-        {"PRIVATE Weapon;food;Weapons", "Weapon Food | Foods Weapons"},
-        {"private Pistol;public Item;Pistol",
-         "Pistol Item Weapon | Items Pistols Weapons Pistols/Small Pistols/Small/Old"},
-    };
-    for (const auto& [data, lists] : cases)
+    ASSERT_TRUE(Link("Store/A").SetValue(1, u"Store/B"));
+    for (const std::uint32_t state : {0u, std::uint32_t{APP_RELOADING}, std::uint32_t{APP_CLOSING}})
     {
-        Open(data);
-        EXPECT_EQ(GetLists(), lists) << data;
+        const CStateScope scope(m_Test.m_Run, state);
+        m_Test.m_Run.m_bSilent = state == 0;
+        EXPECT_EQ(Notify(ECorvaneEvent::RecordDeleting, Get("Store/B")), 0);
+        EXPECT_EQ(Notify(ECorvaneEvent::RecordMoving, Get("Store/B")), 0);
     }
+    m_Test.m_Run.m_bSilent = false;
+    EXPECT_EQ(m_Test.GetTitles(), "");
+    // A close is no reason to repair what is still held.
+    const CRef<CCorvaneRecord> kept(&Get("Store/A"));
+    const CRef<CCorvaneAttrib> link(kept->GetAttributeList()[0]);
+    EXPECT_TRUE(m_Test.Get().CloseDatabase());
+    EXPECT_EQ(link->GetOwnValues().Get(1), u"Store/B");
 }
 
-TEST_F(CLinkTest, TheListsFollowTheTreeAndSchemasThatAreReadAgain)
+TEST_F(CLinkTest, DefaultsAndRecordsOutsideTheTreeDoNotRefuseButAreRepaired)
 {
-    Open("Weapon");
-    EXPECT_EQ(GetLists(), "Weapon Pistol | Pistols Weapons Pistols/Small Pistols/Small/Old");
-    CCorvaneMgr& manager = m_Test.Get();
-    CCorvaneCategory& pistols = m_Test.Category("Pistols");
-    CCorvaneCategory& small = m_Test.Category("Pistols/Small");
-    ASSERT_TRUE(manager.CreateVirtualRelativeCategory(&small, u"New"));
-    EXPECT_FALSE(Data().AddCategory(&small));
-    EXPECT_FALSE(Data().AddCategory(&m_Test.Category("Foods")));
-    // A tree goes and comes back as a whole.
-    const CRef<CCorvaneCategory> held(&small);
-    ASSERT_TRUE(pistols.RemoveChildCategory(small));
-    manager.Notify(CCorvaneEvent(ECorvaneEvent::CategoryDeleted, &small));
-    EXPECT_EQ(GetLists(), "Weapon Pistol | Pistols Weapons");
-    EXPECT_FALSE(Data().RemoveCategory(&small));
-    pistols.AddChildCategory(small);
-    manager.Notify(CCorvaneEvent(ECorvaneEvent::CategoryAdded, &small));
-    EXPECT_EQ(GetLists(),
-              "Weapon Pistol | Pistols Weapons Pistols/Small Pistols/Small/Old Pistols/Small/New");
-
-    // The data of a schema that is read again is new, and another schema's parent may be, too.
-    WriteSchemas("Item", "Pistol;Weapon");
-    ASSERT_TRUE(m_Test.Schema("Item").ReloadFromFile());
-    EXPECT_EQ(GetLists().substr(0, 15), "Pistol Weapon |");
-    WriteSchemas("Item", "Item");
-    ASSERT_TRUE(m_Test.Schema("Item").ReloadFromFile());
-    EXPECT_EQ(GetLists().substr(0, 20), "Item Pistol Weapon |");
-    WriteSchemas("Food", "Item");
-    ASSERT_TRUE(m_Test.Schema("Weapon").ReloadFromFile());
-    EXPECT_EQ(GetLists(), "Item | Items");
-
-    m_Test.m_nExpectedAsserts = 2;
-    EXPECT_FALSE(Data().AddCategory(nullptr));
-    EXPECT_FALSE(Data().RemoveCategory(nullptr));
-    const CRef<CCorvaneSchemaAttribData> copy = Data().Clone();
-    manager.Notify(CCorvaneEvent(ECorvaneEvent::CategoryDeleted, &m_Test.Category("Items")));
-    EXPECT_TRUE(static_cast<CCorvaneTypeRecordLinkData&>(*copy).GetCategoryList().empty());
-}
-
-TEST_F(CLinkTest, ValuesNameRecordsAndAreCheckedAgainstTheSchema)
-{
-    Open("private Weapon;Item");
-    WriteSchemas("", "private Weapon;Item");
-    ASSERT_TRUE(m_Test.Schema("Weapon").ReloadFromFile());
-    m_Test.m_Gate.m_pDeletePending = &m_Test.Record("Foods/One");
-    // The value, its record's display path and name as they show, and its findings.
-    std::string lines;
-    const auto tell = [&](std::u16string_view value)
+    CCorvaneAttrib& fallback = *m_Test.Schema("Thing").GetTemplate()->GetAttributeList()[0];
+    CCorvaneAttrib& link = Link("Store/C");
+    ASSERT_TRUE(link.SetValue(0, u"Store/B") && link.SetValue(1, u"Gone") &&
+                fallback.SetValue(1, u"Store/B"));
+    const CRef<CCorvaneRecord> removed(&Get("Store/C"));
+    m_Test.Category("Store").RemoveRecord(*removed);
+    EXPECT_EQ(Notify(ECorvaneEvent::RecordReloaded, *removed), 0);
+    EXPECT_EQ(Notify(ECorvaneEvent::RecordDeleting, Get("Store/B")), 0);
+    EXPECT_EQ(m_Test.GetTitles(), "");
     {
-        ASSERT_TRUE(Link().SetValue(0, value));
-        std::u16string path, name;
-        if (const CCorvaneRecord* record = Link().GetRecord(0))
-            m_Test.Get().GetRecordDisplayPath(record, path);
-        Link().GetRecordName(0, name);
-        CRecordingSink sink;
-        const bool isValid = Link().Validate(&sink);
-        EXPECT_EQ(isValid, sink.m_sLines.empty());
-        lines += ShowValues(Link()) + "|" + ToNarrow(path) + "|" + ToNarrow(name) + "\n" + sink.m_sLines;
-    };
-    for (const std::u16string_view value : {u"", u"<NONE>", u"weapons/ONE", u"Items/One", u"Weapons/Gone",
-                                            u"One", u"Pistols/Two", u"Pistols/Small/Old/Two", u"Foods/One"})
-        tell(value);
-    CCorvaneRecord& target = m_Test.Record("Weapons/One");
+        CUndoScope scope(m_Test.m_Undo);
+        EXPECT_EQ(Notify(ECorvaneEvent::RecordDeleted, Get("Store/B")), 0);
+        scope.Accept(u"");
+    }
+    EXPECT_EQ(ShowValues(link) + ShowValues(fallback), "<none>|Gone<none>|<none>");
+    // The repair belongs to the step that the delete is part of.
+    EXPECT_TRUE(m_Test.m_Undo.Undo(1));
+    EXPECT_EQ(ShowValues(link) + ShowValues(fallback), "Store/B|Gone<none>|Store/B");
+    m_Test.m_Undo.Clear();
+    m_Test.Category("Store").AddRecord(*removed);
+    EXPECT_NE(Notify(ECorvaneEvent::RecordDeleting, Get("Store/B")), 0);
+}
+
+TEST_F(CLinkTest, AValueWhoseRecordLeavesIsFound)
+{
+    CCorvaneTypeRecordLink& link = Link("Store/A");
+    ASSERT_TRUE(link.SetValue(0, u"Store/B") && link.SetValue(1, u"Other/A"));
+    m_Test.m_Gate.m_pDeletePending = &Get("Other/A");
+    CCorvaneRecord& target = Get("Store/B");
     const CRef<CCorvaneCategory> category(target.GetCategory());
     ASSERT_TRUE(target.SetCategory(nullptr, true));
-    tell(u"Weapons/One");
+    CRecordingSink sink;
+    EXPECT_FALSE(link.Validate(&sink));
     ASSERT_TRUE(target.SetCategory(category.Get(), true));
-    EXPECT_EQ(lines, R"(<none>||<none>
-<NONE>||<none>
-weapons/ONE|Weapons/One|weapons/ONE
-Items/One|Items/One|Items/One
-Weapons/Gone||<none>
-1 Invalid Record Link 0: Invalid record 'Weapons/Gone'
-One||<none>
-1 Invalid Record Link 0: Invalid record 'One'
-Pistols/Two|Pistols/Small/Old/Two|Pistols/Two
-1 Invalid Record Link 0: Invalid record 'Pistols/Two'.  The record is of an invalid schema type.
-Pistols/Small/Old/Two|Pistols/Small/Old/Two|Pistols/Small/Old/Two
-1 Invalid Record Link 0: Invalid record 'Pistols/Small/Old/Two'.  The record is of an invalid schema type.
-Foods/One|Foods/One|Foods/One
-1 Invalid Record Link 0: Invalid record 'Foods/One'
-1 Invalid Record Link 0: Invalid record 'Foods/One'.  The record is of an invalid schema type.
-Weapons/One|One|Weapons/One
-1 Invalid Record Link 0: Invalid record 'Weapons/One'.  The record has an invalid parent category or schema.
-)");
+    const std::string invalid = "1 Invalid Record Link ";
+    EXPECT_EQ(sink.m_sLines,
+              invalid +
+                  "0: Invalid record 'Store/B'.  The record has an invalid parent category or schema.\n" +
+                  invalid + "1: Invalid record 'Other/A'\n" + invalid +
+                  "1: Invalid record 'Other/A'.  The record is of an invalid schema type.\n");
+}
+
+TEST_F(CLinkTest, TheCategoriesFollowTheTree)
+{
+    CCorvaneMgr& manager = m_Test.Get();
+    CCorvaneCategory& store = m_Test.Category("Store");
+    auto& data = static_cast<CCorvaneTypeRecordLinkData&>(*Link("Store/A").GetAttribData());
+    const CRef<CCorvaneSchemaAttribData> copy = data.Clone();
+    const auto tell = [&]
+    {
+        std::string names;
+        for (const CCorvaneCategory* category : data.GetCategoryList())
+            names += ToNarrow(category->GetName()) + ' ';
+        EXPECT_EQ(static_cast<CCorvaneTypeRecordLinkData&>(*copy).GetCategoryList().size(),
+                  data.GetCategoryList().size());
+        return names;
+    };
+    CCorvaneCategory* shelf = manager.CreateVirtualRelativeCategory(&store, u"Shelf");
+    ASSERT_TRUE(shelf && manager.CreateVirtualRelativeCategory(shelf, u"Box"));
+    EXPECT_EQ(tell(), "Store Shelf Box ");
+    EXPECT_FALSE(data.AddCategory(shelf) || data.AddCategory(&m_Test.Category("Other")));
+    // A tree goes and comes back as a whole.
+    const CRef<CCorvaneCategory> held(shelf);
+    ASSERT_TRUE(store.RemoveChildCategory(*shelf));
+    manager.Notify(CCorvaneEvent(ECorvaneEvent::CategoryDeleted, shelf));
+    EXPECT_EQ(tell(), "Store ");
+    EXPECT_FALSE(data.RemoveCategory(shelf));
+    store.AddChildCategory(*shelf);
+    manager.Notify(CCorvaneEvent(ECorvaneEvent::CategoryAdded, shelf));
+    EXPECT_EQ(tell(), "Store Shelf Box ");
+    m_Test.m_nExpectedAsserts = 2;
+    EXPECT_FALSE(data.AddCategory(nullptr) || data.RemoveCategory(nullptr));
 }
 
 TEST_F(CLinkTest, TheLastRecordsOfAnAttributeAreKept)
 {
-    Open("Item");
-    const CRecordLinkMru mru(&Link());
+    const CRecordLinkMru mru(&Link("Store/A"));
     std::string lists;
     const auto tell = [&](const CRecordLinkMru& list)
     {
@@ -183,27 +146,25 @@ TEST_F(CLinkTest, TheLastRecordsOfAnAttributeAreKept)
             lists += ToNarrow(path) + " ";
         lists += "\n";
     };
-    for (const std::u16string_view path : {u"Items/One", u"items/one", u"Weapons/One", u"Foods/One",
-                                           u"Weapons/One", u"Foods/Gone", u"Pistols/One"})
+    for (const std::u16string_view path :
+         {u"Store/A", u"store/a", u"Store/B", u"Store/C", u"Store/B", u"Store/Gone", u"Other/A"})
     {
         mru.Save(path);
         tell(mru);
     }
-    EXPECT_EQ(lists, "Items/One \nitems/one \nWeapons/One items/one \nFoods/One Weapons/One items/one \n"
-                     "Weapons/One Foods/One items/one \nWeapons/One Foods/One items/one \n"
-                     "Pistols/One Weapons/One Foods/One \n");
-    EXPECT_NE(m_Test.GetPerUserFile().find("[RecordLinkMRU]\nItem@Link_0=Pistols/One\n"
-                                           "Item@Link_1=Foods/Gone\nItem@Link_2=Weapons/One\n"
-                                           "Item@Link_3=Foods/One\n"),
+    EXPECT_EQ(lists, "Store/A \nstore/a \nStore/B store/a \nStore/C Store/B store/a \n"
+                     "Store/B Store/C store/a \nStore/B Store/C store/a \nOther/A Store/B Store/C \n");
+    EXPECT_NE(m_Test.GetPerUserFile().find("[RecordLinkMRU]\nThing@Pair_0=Other/A\nThing@Pair_1=Store/Gone\n"
+                                           "Thing@Pair_2=Store/B\nThing@Pair_3=Store/C\n"),
               std::string::npos)
         << m_Test.GetPerUserFile();
     // A record of a derived schema has a list of its own; the template's record is in no category.
     lists.clear();
-    tell(CRecordLinkMru(&dynamic_cast<CCorvaneTypeRecordLink&>(m_Test.Attrib("Weapons/One", "Link"))));
+    tell(CRecordLinkMru(&Link("Other/A")));
     m_Test.m_nExpectedAsserts = 2;
-    CRecordLinkMru(nullptr).Save(u"Items/One");
+    CRecordLinkMru(nullptr).Save(u"Store/A");
     tell(CRecordLinkMru(dynamic_cast<CCorvaneTypeRecordLink*>(
-        m_Test.Schema("Item").GetTemplate()->GetAttributeList()[0].Get())));
+        m_Test.Schema("Thing").GetTemplate()->GetAttributeList()[0].Get())));
     EXPECT_EQ(lists, "\n\n");
     EXPECT_TRUE(m_Test.m_Asserts.Has("m_pRecordLink") && m_Test.m_Asserts.Has("pCategory"));
 }

@@ -1,0 +1,40 @@
+#include "GoldenText.h"
+
+#include <fstream>
+#include <gtest/gtest.h>
+#include <regex>
+#include <sstream>
+
+namespace fs = std::filesystem;
+
+std::vector<fs::path> FindGoldenFiles(const std::string& extension)
+{
+    std::vector<fs::path> files;
+    for (const fs::directory_entry& entry : fs::recursive_directory_iterator(TYPES_FOLDER))
+    {
+        if (entry.path().extension() == extension)
+            files.push_back(entry.path());
+    }
+    return files;
+}
+
+void CheckGolden(const fs::path& path, const std::function<std::string(const std::string&)>& execute)
+{
+    std::ifstream file(path);
+    std::string expected, actual;
+    for (std::string line; std::getline(file, line);)
+    {
+        expected += line + '\n';
+        if (line.starts_with("  "))
+            continue;
+        actual += line + '\n';
+        std::istringstream told(line.starts_with("#") ? "" : execute(line));
+        while (std::getline(told, line))
+            actual += "  " + std::regex_replace(line, std::regex("\r"), "<CR>") + '\n';
+    }
+    if (actual == expected)
+        return;
+    const std::string answer = path.filename().string() + ".actual";
+    std::ofstream(answer) << actual;
+    ADD_FAILURE() << path << " says something else than the run, which is in " << fs::absolute(answer);
+}

@@ -1,0 +1,16 @@
+// Golden files: what a run of their own commands prints. A command stands at the start of a line, its answer
+// is indented below it, and '#' begins a comment.
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <string>
+#include <vector>
+
+// The files with this extension below the folder of the types; a folder without one fails.
+[[nodiscard]] std::vector<std::filesystem::path> FindGoldenFiles(const std::string& extension);
+
+// Runs the commands of a file and holds what they answer against what stands below them. On a difference the
+// run is written to "<file>.actual" in the working directory.
+void CheckGolden(const std::filesystem::path& path,
+                 const std::function<std::string(const std::string&)>& execute);
