@@ -78,5 +78,5 @@ TEST_P(TypeGolden, SaysWhatTheFileSays)
     CheckGolden(GetParam(), [&](const std::string& line) { return run.Execute(line); });
 }
 
-INSTANTIATE_TEST_SUITE_P(Types, TypeGolden, testing::ValuesIn(FindGoldenFiles(".golden")),
+INSTANTIATE_TEST_SUITE_P(Types, TypeGolden, testing::ValuesIn(FindGoldenFiles(TYPES_FOLDER, ".golden")),
                          [](const auto& entry) { return entry.param.stem().string(); });

@@ -312,5 +312,5 @@ TEST_P(TypeScript, SaysWhatTheFileSays)
     CheckGolden(GetParam(), [&](const std::string& line) { return script.Execute(line); });
 }
 
-INSTANTIATE_TEST_SUITE_P(Types, TypeScript, testing::ValuesIn(FindGoldenFiles(".script")),
+INSTANTIATE_TEST_SUITE_P(Types, TypeScript, testing::ValuesIn(FindGoldenFiles(TYPES_FOLDER, ".script")),
                          [](const auto& entry) { return entry.param.stem().string(); });

@@ -7,8 +7,9 @@
 #include <string>
 #include <vector>
 
-// The files with this extension below the folder of the types; a folder without one fails.
-[[nodiscard]] std::vector<std::filesystem::path> FindGoldenFiles(const std::string& extension);
+// The files with this extension below a folder.
+[[nodiscard]] std::vector<std::filesystem::path> FindGoldenFiles(const std::filesystem::path& folder,
+                                                                 const std::string& extension);
 
 // Runs the commands of a file and holds what they answer against what stands below them. On a difference the
 // run is written to "<file>.actual" in the working directory.

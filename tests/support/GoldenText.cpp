@@ -7,10 +7,10 @@
 
 namespace fs = std::filesystem;
 
-std::vector<fs::path> FindGoldenFiles(const std::string& extension)
+std::vector<fs::path> FindGoldenFiles(const fs::path& folder, const std::string& extension)
 {
     std::vector<fs::path> files;
-    for (const fs::directory_entry& entry : fs::recursive_directory_iterator(TYPES_FOLDER))
+    for (const fs::directory_entry& entry : fs::recursive_directory_iterator(folder))
     {
         if (entry.path().extension() == extension)
             files.push_back(entry.path());
