@@ -37,12 +37,17 @@ public:
     [[nodiscard]] std::u16string GetUserName() override { return u"tester"; }
     [[nodiscard]] bool OpenInShell(std::u16string_view path) override { return Take(u"open ", path); }
     [[nodiscard]] bool PlaySoundFile(std::u16string_view path) override { return Take(u"play ", path); }
-    [[nodiscard]] bool MoveToRecycleBin(std::u16string_view) override { return false; }
+    [[nodiscard]] bool MoveToRecycleBin(std::u16string_view path) override
+    {
+        m_Calls.push_back(std::u16string(u"bin ").append(path));
+        return m_bBin && std::filesystem::remove(std::filesystem::path(path));
+    }
     void Beep() override { ++m_nBeeps; }
 
     bool m_bServe = false;
+    bool m_bBin = true; // There is a bin; what it gets is gone.
     int m_nBeeps = 0;
-    std::vector<std::u16string> m_Calls; // "open <path>", "play <path>".
+    std::vector<std::u16string> m_Calls; // "open <path>", "play <path>", "bin <path>".
 
 private:
     bool Take(std::u16string_view what, std::u16string_view path)

@@ -3,6 +3,7 @@
 #include "CorvaneMgr.h"
 #include "FormatText.h"
 #include "NameCompare.h"
+#include "NumberedNames.h"
 #include "Path.h"
 #include "PointerIndex.h"
 #include "SourceFileWriter.h"
@@ -24,13 +25,19 @@ public:
     }
     void Remove(const CCorvaneRecord& record)
     {
-        m_Names.Remove(HashName(record.GetName()), record);
+        RemoveName(record.GetName(), record);
         m_Files.Remove(HashFile(record.GetFile()), record);
+    }
+    bool RemoveName(std::u16string_view name, const CCorvaneRecord& record)
+    {
+        m_Numbers.OnFreed(name);
+        return m_Names.Remove(HashName(name), record);
     }
     static std::size_t HashFile(std::u16string_view path) { return HashName(GetFileNamePart(path)); }
 
     CPointerIndex<CCorvaneRecord> m_Names;
     CPointerIndex<CCorvaneRecord> m_Files;
+    CNumberedNames m_Numbers;
 };
 
 namespace
@@ -221,11 +228,12 @@ std::vector<CRef<CCorvaneCategory>> CCorvaneCategory::TakeChildren()
     return std::exchange(m_Children, {});
 }
 
-void CCorvaneCategory::AddRecord(CCorvaneRecord& record)
+void CCorvaneCategory::AddRecord(CCorvaneRecord& record, std::size_t position)
 {
     if (Contains(record))
         return;
-    m_Records.emplace_back(&record);
+    const auto place = m_Records.begin() + static_cast<std::ptrdiff_t>(std::min(position, m_Records.size()));
+    m_Records.emplace(place, &record);
     GetIndex().Add(record);
 }
 
@@ -266,9 +274,9 @@ bool CCorvaneCategory::RemoveChildCategory(CCorvaneCategory& child)
 
 void CCorvaneCategory::OnRecordNamed(CCorvaneRecord& record, std::u16string_view oldName)
 {
-    CPointerIndex<CCorvaneRecord>& names = GetIndex().m_Names;
-    if (names.Remove(HashName(oldName), record))
-        names.Add(HashName(record.GetName()), record);
+    CCategoryIndex& index = GetIndex();
+    if (index.RemoveName(oldName, record))
+        index.m_Names.Add(HashName(record.GetName()), record);
 }
 
 void CCorvaneCategory::OnRecordFiled(CCorvaneRecord& record, std::u16string_view oldFile)
@@ -355,6 +363,20 @@ bool CCorvaneCategory::HasOtherInNamespace(std::u16string_view name, const CCorv
                                         return !excepted && EqualNames(record.GetName(), name);
                                     });
     return ambiguous || found != nullptr;
+}
+
+int CCorvaneCategory::FindFreeNumberInNamespace(std::u16string_view name) const
+{
+    return GetIndex().m_Numbers.FindFreeNumber(name, [this](std::u16string_view numbered)
+                                               { return !HasOtherInNamespace(numbered, nullptr); });
+}
+
+bool CCorvaneCategory::IsFileTaken(std::u16string_view path, const CCorvaneRecord* except) const
+{
+    bool ambiguous = false;
+    const auto sameFile = [&](const CCorvaneRecord& record)
+    { return &record != except && EqualNames(record.GetFile(), path); };
+    return GetIndex().m_Files.FindOnly(CCategoryIndex::HashFile(path), ambiguous, sameFile) || ambiguous;
 }
 
 CCorvaneCategory* CCorvaneCategory::FindChild(std::u16string_view name) const

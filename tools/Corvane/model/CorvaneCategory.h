@@ -71,8 +71,8 @@ public:
 
     [[nodiscard]] std::span<const CRef<CCorvaneRecord>> GetRecords() const { return m_Records; }
     [[nodiscard]] std::span<const CRef<CCorvaneCategory>> GetChildren() const { return m_Children; }
-    // Nothing happens when the record is in the list already.
-    void AddRecord(CCorvaneRecord& record);
+    // Nothing happens when the record is in the list already. A position behind the list's end is its end.
+    void AddRecord(CCorvaneRecord& record, std::size_t position = static_cast<std::size_t>(-1));
     bool RemoveRecord(CCorvaneRecord& record);
     void AddChildCategory(CCorvaneCategory& child);
     bool RemoveChildCategory(CCorvaneCategory& child);
@@ -87,6 +87,10 @@ public:
     // True when the namespace of this category (its system category and all virtual ones below that) holds
     // the name. `except` does not count, but only in the system category's own list.
     [[nodiscard]] bool HasOtherInNamespace(std::u16string_view name, const CCorvaneRecord* except) const;
+    // The lowest number from 2 on that makes "Name (number)" a free name of the namespace.
+    [[nodiscard]] int FindFreeNumberInNamespace(std::u16string_view name) const;
+    // True when a record of the namespace other than `except` has this file.
+    [[nodiscard]] bool IsFileTaken(std::u16string_view path, const CCorvaneRecord* except) const;
     [[nodiscard]] bool Contains(const CCorvaneRecord& record) const;
 
 private:

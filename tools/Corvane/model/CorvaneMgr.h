@@ -13,6 +13,7 @@
 #include "Guid.h"
 #include "ObserverList.h"
 #include "ProjectInfo.h"
+#include "RestoreAction.h"
 #include "TypeState.h"
 #include "UnicodeFileParse_ReadOnly.h"
 #include "UnicodeFileParse_ReadWrite.h"
@@ -77,6 +78,28 @@ public:
     [[nodiscard]] bool SaveSchema(CCorvaneSchema* pSchema);
     [[nodiscard]] bool SaveCategory(CCorvaneCategory* pCategory, std::u16string* outDir);
     [[nodiscard]] bool SaveRecord(CCorvaneRecord* pRecord, bool onlyIfModified);
+
+    // Record operations (CorvaneMgr_Record). Each tells the event line and gives a restore point to the open
+    // undo group. A failed one has told why where the user could not know, and leaves the tree as it was.
+    //
+    // The new record belongs to the category; null when the category has no schema, or for a copy to a
+    // category of another schema.
+    CCorvaneRecord* InsertRecord(CCorvaneCategory* pParent);
+    CCorvaneRecord* CopyRecord_Clone(CCorvaneCategory* pParent, CCorvaneRecord* pSource, bool addPrefix);
+    // The copy is a referencee of the source.
+    CCorvaneRecord* CopyRecord_Reference(CCorvaneCategory* pParent, CCorvaneRecord* pSource, bool addPrefix);
+    // Sends the record's file to the recycle bin. With `prompt` the user is asked when something depends on
+    // the record. Without an open undo group the record is emptied.
+    [[nodiscard]] bool DeleteRecord(CCorvaneRecord& record, bool prompt);
+    // The move of a refresh: touches neither disk nor source control.
+    bool MoveRecordUnchecked(CCorvaneCategory* dest, CCorvaneRecord& record, bool silent);
+    // Does not look whether the name is free; see CheckRecordRename. The file follows unless source control
+    // is connected.
+    [[nodiscard]] bool RenameRecord(CCorvaneRecord& record, std::u16string_view name);
+    // The test ahead of a user's rename. False has told that the name is taken.
+    [[nodiscard]] bool CheckRecordRename(const CCorvaneRecord& record, std::u16string_view name) const;
+    // Brings a deleted record back, in line with its schema as it is by now. False when its category is gone.
+    [[nodiscard]] bool ReinsertRecord(CCorvaneRecord& record);
 
     // Look-ups (CorvaneMgr_Find), each as a scan in list order would answer.
     [[nodiscard]] CCorvaneSchema* FindSchema(std::u16string_view name) const;
@@ -186,8 +209,6 @@ public:
     bool AddSchemaFile(std::u16string_view path);
     bool AddRecordFile(std::u16string_view path, CCorvaneCategory& category,
                        const CRecordLayout* layout = nullptr);
-    // Takes a record to another category of the tree without touching disk or source control.
-    bool MoveRecordUnchecked(CCorvaneCategory* dest, CCorvaneRecord& record, bool silent);
 
     [[nodiscard]] std::span<const CRef<CCorvaneCategory>> GetRootCategories() const
     {
@@ -228,6 +249,19 @@ public:
 private:
     friend class CCorvaneCategory;
     friend class CCorvaneSchema;
+
+    [[nodiscard]] bool AskYes(std::u16string_view title, std::u16string_view text) const;
+    // Sends a file to the recycle bin, or where there is none deletes it for good when the user agrees. False
+    // when the file is still there.
+    [[nodiscard]] bool RecycleFile(std::u16string_view path) const;
+    [[nodiscard]] bool ConfirmRecordDelete(CCorvaneRecord& record, bool prompt) const;
+    CCorvaneRecord* AddCopy(CCorvaneCategory& parent, CCorvaneRecord& copy, std::u16string_view name,
+                            ERestoreAction action);
+    void AddNewRecord(CCorvaneCategory& parent, CCorvaneRecord& record, ERestoreAction action);
+    void RecordAction(CCorvaneRecord& record, ERestoreAction action);
+    [[nodiscard]] bool MayMoveRecord(const CCorvaneCategory* dest, CCorvaneRecord& record) const;
+    void RenameRecordFile(CCorvaneRecord& record);
+    void TakeBackRecordFile(CCorvaneRecord& record);
 
     [[nodiscard]] bool FailOpen();
     [[nodiscard]] bool ConnectSourceControl();

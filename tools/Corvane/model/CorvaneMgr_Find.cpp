@@ -4,6 +4,7 @@
 #include "CorvaneAttrib.h"
 #include "FormatText.h"
 #include "NameCompare.h"
+#include "NumberedNames.h"
 #include "Path.h"
 #include "PointerIndex.h"
 #include "zrassert.h"
@@ -166,10 +167,14 @@ std::u16string CCorvaneMgr::MakeCategoryNameUnique(const CCorvaneCategory* paren
 std::u16string CCorvaneMgr::MakeRecordNameUnique(const CCorvaneCategory& category, std::u16string_view name,
                                                  const CCorvaneRecord* except) const
 {
-    std::u16string unique(name);
-    for (int number = 2; !IsRecordNameFree(category, unique, except); ++number)
-        unique = FormatText(u"%s (%d)", name, number);
-    return unique;
+    if (IsRecordNameFree(category, name, except))
+        return std::u16string(name);
+    const int number = category.FindFreeNumberInNamespace(name);
+    // The index knows no exception: the one name that it frees may come earlier in the row.
+    const int own = except ? CNumberedNames::GetNumber(except->GetName(), name) : 0;
+    if (own != 0 && own < number && IsRecordNameFree(category, except->GetName(), except))
+        return MakeNumberedName(name, own);
+    return MakeNumberedName(name, number);
 }
 
 namespace

@@ -186,21 +186,3 @@ bool CCorvaneMgr::SaveRecord(CCorvaneRecord* pRecord, bool onlyIfModified)
         return false;
     return SaveCategory(pRecord->GetCategory(), nullptr) && pRecord->SaveToFile(!onlyIfModified);
 }
-
-bool CCorvaneMgr::MoveRecordUnchecked(CCorvaneCategory* dest, CCorvaneRecord& record, bool silent)
-{
-    CCorvaneCategory* source = record.GetCategory();
-    if (dest == nullptr || source == nullptr || dest == source || dest->GetSchema() != source->GetSchema())
-        return false;
-    const CRef<CCorvaneRecord> keepAlive(&record);
-    source->RemoveRecord(record);
-    if (!record.SetName(MakeRecordNameUnique(*dest, record.GetName(), nullptr)) ||
-        !record.SetCategory(dest, silent))
-    {
-        source->AddRecord(record);
-        return false;
-    }
-    dest->AddRecord(record);
-    Notify(CCorvaneEvent(ECorvaneEvent::RecordMoved, &record));
-    return true;
-}

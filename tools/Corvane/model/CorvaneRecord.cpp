@@ -102,6 +102,42 @@ bool CCorvaneRecord::DisconnectReferencee(CCorvaneRecord& child)
     return true;
 }
 
+std::vector<CRef<CCorvaneRecord>> CCorvaneRecord::DisconnectReferencees()
+{
+    std::vector<CRef<CCorvaneRecord>> children = std::exchange(m_Referencees, {});
+    for (auto child = children.rbegin(); child != children.rend(); ++child)
+        (*child)->m_pParent.Reset();
+    return children;
+}
+
+void CCorvaneRecord::LeaveTree()
+{
+    if (IRecordDocument* document = std::exchange(m_pDocument, nullptr))
+        document->OnRecordGone(*this);
+    const CRef<CCorvaneRecord> parent = m_pParent;
+    LeaveParent();
+    m_pParent = parent;
+}
+
+void CCorvaneRecord::JoinParent()
+{
+    const CRef<CCorvaneRecord> parent = std::exchange(m_pParent, nullptr);
+    if (!parent)
+        return;
+    if (parent->IsInTree())
+    {
+        parent->AddReferencee(*this);
+        return;
+    }
+    for (const CRef<CCorvaneAttrib>& attrib : m_Attribs)
+        attrib->SetInherit(false, false);
+}
+
+bool CCorvaneRecord::IsInTree() const
+{
+    return m_pCategory && m_pCategory->IsAttached() && m_pCategory->Contains(*this);
+}
+
 void CCorvaneRecord::AddReferencee(CCorvaneRecord& child)
 {
     // The child's own link tells whether it is in the list, so that a parent of many costs no scan.
@@ -195,7 +231,7 @@ void CCorvaneRecord::SetModified(bool modified)
 bool CCorvaneRecord::PassTextGate()
 {
     CSourceGate& gate = m_Manager.GetGate();
-    return !gate.IsConnected() || gate.CheckOutForEdit(*this);
+    return m_sFile.empty() || !gate.IsConnected() || gate.CheckOutForEdit(*this);
 }
 
 bool CCorvaneRecord::SetName(std::u16string_view name)

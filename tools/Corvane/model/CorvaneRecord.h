@@ -66,6 +66,14 @@ public:
     void DropLinks();
     // Takes `child` out of the referencees; its attributes stay as they are.
     bool DisconnectReferencee(CCorvaneRecord& child);
+    // Disconnects all referencees, the last one first, and returns them in the order of the list.
+    std::vector<CRef<CCorvaneRecord>> DisconnectReferencees();
+    // For a record that leaves the tree and may come back: its document closes, and its parent forgets it.
+    // The record itself remembers the parent.
+    void LeaveTree();
+    // The way back, also for a copy of a referencee: takes its place among the parent's referencees. When the
+    // parent is no longer in the tree, the record stands alone with its own values.
+    void JoinParent();
 
     [[nodiscard]] std::span<const CRef<CCorvaneAttrib>> GetAttributeList() const { return m_Attribs; }
     void AppendAttribute(CRef<CCorvaneAttrib> attrib);
@@ -90,6 +98,8 @@ public:
     // The category in the tree, virtual or system.
     [[nodiscard]] CCorvaneCategory* GetCategory() const { return m_pCategory.Get(); }
     [[nodiscard]] bool SetCategory(CCorvaneCategory* category, bool silent);
+    // True when the record is in the list of a category that hangs in the manager's tree.
+    [[nodiscard]] bool IsInTree() const;
     [[nodiscard]] CCorvaneRecord* GetParent() const { return m_pParent.Get(); }
     [[nodiscard]] CCorvaneSchema* GetSchema() const;
     [[nodiscard]] IRecordDocument* GetDocument() const { return m_pDocument; }
@@ -99,6 +109,12 @@ public:
     [[nodiscard]] const SFileStamp& GetFileStamp() const { return m_Stamp; }
     void SetFileStamp(const SFileStamp& stamp) { m_Stamp = stamp; }
     [[nodiscard]] CCorvaneMgr& GetManager() const { return m_Manager; }
+
+    // `directory` + `base` + `extension`, numbered where that is the file of something else: neither on the
+    // disk nor in memory may two records have one file. `system` is the category of the directory.
+    [[nodiscard]] std::u16string MakeFreeFilePath(const CCorvaneCategory& system,
+                                                  std::u16string_view directory, std::u16string_view base,
+                                                  std::u16string_view extension) const;
 
     // Called on each change of a value.
     CObserverList<CCorvaneAttrib&, std::size_t>& GetChangeObservers();

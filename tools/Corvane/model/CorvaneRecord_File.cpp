@@ -173,13 +173,20 @@ std::u16string CCorvaneRecord::MakeFilePath(const CCorvaneCategory& systemCatego
     const std::u16string directory(GetDirectoryPart(systemCategory.GetFile()));
     const std::u16string base =
         m_sFile.empty() ? MakeFileBaseName(m_sName) : std::u16string(SplitPath(m_sFile).name);
-    std::u16string path = directory + base + u".record";
-    if (EqualNames(path, m_sFile))
-        return m_sFile; // The disk's own spelling, ".RECORD" perhaps, names the same file.
+    // The disk's own spelling, ".RECORD" perhaps, names the same file.
+    if (EqualNames(directory + base + u".record", m_sFile))
+        return m_sFile;
+    return MakeFreeFilePath(systemCategory, directory, base, u".record");
+}
+
+std::u16string CCorvaneRecord::MakeFreeFilePath(const CCorvaneCategory& system, std::u16string_view directory,
+                                                std::u16string_view base, std::u16string_view extension) const
+{
     IFileSystem& files = m_Manager.GetContext().m_Files;
-    // Another object's file is never overwritten by a first save or a move.
-    for (int number = 2; files.Exists(path); ++number)
-        path = directory + FormatText(u"%s (%d).record", base, number);
+    std::u16string path = FormatText(u"%s%s%s", directory, base, extension);
+    for (int number = 2; !EqualNames(path, m_sFile) && (files.Exists(path) || system.IsFileTaken(path, this));
+         ++number)
+        path = FormatText(u"%s%s (%d)%s", directory, base, number, extension);
     return path;
 }
 

@@ -1,4 +1,5 @@
 // Every look-up answers as a scan in list order would, whatever happened to the tree before.
+#include "FormatText.h"
 #include "NameCompare.h"
 #include "TestDatabase.h"
 #include "Unicode.h"
@@ -37,6 +38,15 @@ CCorvaneRecord* ScanNamespace(const CCorvaneCategory& category, std::u16string_v
             return found;
     }
     return nullptr;
+}
+
+std::u16string ScanUniqueName(const CCorvaneCategory& system, std::u16string_view name,
+                              const CCorvaneRecord* except)
+{
+    std::u16string unique(name);
+    for (int number = 2; ScanNamespace(system, unique, except); ++number)
+        unique = FormatText(u"%s (%d)", name, number);
+    return unique;
 }
 
 CCorvaneCategory* ScanCategoryFile(Categories list, std::u16string_view file)
@@ -89,6 +99,8 @@ public:
                 CCorvaneRecord* except = m_Records.empty() ? nullptr : Pick(m_Records);
                 EXPECT_EQ(manager.IsRecordNameFree(*category, name, except),
                           ScanNamespace(system, name, except) == nullptr);
+                EXPECT_EQ(manager.MakeRecordNameUnique(*category, name, except),
+                          ScanUniqueName(system, name, except));
                 const std::u16string file = u"/d/" + text + u"/cvd.category";
                 EXPECT_EQ(manager.FindCategoryByFile(file),
                           ScanCategoryFile(manager.GetRootCategories(), file));
@@ -97,8 +109,8 @@ public:
     }
 
 private:
-    static constexpr std::u16string_view kNames[] = {u"a",       u"A",       u"b", u"B (2)",
-                                                     u"\u00e4x", u"\u00c4X", u"c"};
+    static constexpr std::u16string_view kNames[] = {u"a",     u"A",       u"b",       u"B (2)",
+                                                     u"b (3)", u"\u00e4x", u"\u00c4X", u"c"};
 
     std::size_t Number(std::size_t below) { return m_Random() % below; }
     template <class T> T* Pick(const std::vector<T*>& list) { return list[Number(list.size())]; }

@@ -59,8 +59,7 @@ const CCorvaneValueList* CCorvaneTypeRecordLink::FindShownValues() const
 bool CCorvaneTypeRecordLink::IsRecordInTree() const
 {
     const CCorvaneRecord* record = GetOwnerRecord();
-    const CCorvaneCategory* category = record ? record->GetCategory() : nullptr;
-    return category && category->IsAttached() && category->Contains(*record);
+    return record && record->IsInTree();
 }
 
 int CCorvaneTypeRecordLink::Refuse(const CLinkTarget& target, std::u16string_view operation) const

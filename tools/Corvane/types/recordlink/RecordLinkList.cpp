@@ -3,6 +3,7 @@
 #include "CorvaneMgr.h"
 #include "NameCompare.h"
 #include "RunState.h"
+#include "UndoRecorder.h"
 #include "recordlink/CorvaneTypeRecordLink.h"
 
 #include <algorithm>
@@ -231,7 +232,7 @@ std::vector<std::uint32_t> CRecordLinkList::FindCandidates(const CLinkTarget& ta
 bool CRecordLinkList::IsUnattended() const
 {
     const CRunState& run = m_Manager.GetContext().m_Run;
-    return run.m_bSilent || run.Test(APP_CLOSING | APP_RELOADING);
+    return run.m_bSilent || run.Test(APP_CLOSING | APP_RELOADING) || m_Manager.GetUndo().IsReplaying();
 }
 
 int CRecordLinkList::OnManagerEvent(const CCorvaneEvent& event)
