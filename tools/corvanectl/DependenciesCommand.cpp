@@ -27,14 +27,6 @@ constexpr std::string_view kHelp =
     "not\n"
     "be loaded, 4 wrong usage, or the file could not be written.\n";
 
-bool IsSameFile(IFileSystem& files, std::u16string_view a, std::u16string_view b)
-{
-    SFileInfo first;
-    SFileInfo second;
-    return files.GetInfo(a, first).IsOk() && files.GetInfo(b, second).IsOk() && first.m_bExists &&
-           second.m_bExists && first.m_nDevice == second.m_nDevice && first.m_nNode == second.m_nNode;
-}
-
 // SIGINT cancels the walk and removes what was begun; signals that would end the run at once wait for the end
 // of the file.
 std::int32_t Save(CDependencyOutput& output, std::u16string_view target)

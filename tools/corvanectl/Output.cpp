@@ -41,6 +41,14 @@ int PrintResult(std::string_view text)
     return kStatusNotWritten;
 }
 
+bool IsSameFile(IFileSystem& files, std::u16string_view a, std::u16string_view b)
+{
+    SFileInfo first;
+    SFileInfo second;
+    return files.GetInfo(a, first).IsOk() && files.GetInfo(b, second).IsOk() && first.m_bExists &&
+           second.m_bExists && first.m_nDevice == second.m_nDevice && first.m_nNode == second.m_nNode;
+}
+
 void TellNotWritten(std::u16string_view path, const CFileError& error)
 {
     PrintError("The file '" + ToNarrow(path) + "' could not be written: " + ToNarrow(error.GetText()) + ".");

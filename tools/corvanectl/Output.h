@@ -20,6 +20,9 @@ void PrintError(std::string_view text);
 // The result on standard output. The status is kStatusOk, or kStatusNotWritten with a message.
 [[nodiscard]] int PrintResult(std::string_view text);
 
+// Whether both paths lead to one file that exists.
+[[nodiscard]] bool IsSameFile(IFileSystem& files, std::u16string_view a, std::u16string_view b);
+
 // Tells why a file could not be written.
 void TellNotWritten(std::u16string_view path, const CFileError& error);
 

@@ -11,6 +11,7 @@
 #include "SignalHold.h"
 #include "TargetFile.h"
 #include "Unicode.h"
+#include "host/Interrupt.h"
 
 #include <optional>
 
@@ -56,6 +57,19 @@ SOverridePaths GetPaths(const COverrideOutput& output, const SRequest& request)
     return paths;
 }
 
+std::u16string FindMistake(CLoadedDatabase& database, const SOverridePaths& paths)
+{
+    IFileSystem& files = database.GetFiles();
+    for (const std::u16string& path : {paths.m_sDatabase, paths.m_sConstraints})
+    {
+        if (IsSameFile(files, path, database.GetRootFile()))
+            return FormatText(u"'%s' is the root file.", path);
+    }
+    const bool same = EqualNames(paths.m_sDatabase, paths.m_sConstraints) ||
+                      IsSameFile(files, paths.m_sDatabase, paths.m_sConstraints);
+    return same ? u"The text and the limits cannot be one file." : std::u16string();
+}
+
 // The creator library says only that it could not write: the cause is found here, before it is asked. Nothing
 // stays behind.
 bool CanBeWritten(IFileSystem& files, std::u16string_view path)
@@ -84,7 +98,7 @@ bool HasCreator(const CCorvaneMgr& manager)
     return false;
 }
 
-int WriteOverrides(CLoadedDatabase& database, const SRequest& request)
+int WriteOverrides(CLoadedDatabase& database, const SRequest& request, std::u16string& mistake)
 {
     CCorvaneMgr& manager = database.GetManager();
     // Members of structs go by the active build.
@@ -92,16 +106,16 @@ int WriteOverrides(CLoadedDatabase& database, const SRequest& request)
         manager.SetActiveBuild(*request.m_nBuild);
     COverrideOutput output(manager);
     const SOverridePaths paths = GetPaths(output, request);
-    if (EqualNames(paths.m_sDatabase, paths.m_sConstraints))
-    {
-        PrintError("The text and the limits cannot be one file.");
+    mistake = FindMistake(database, paths);
+    if (!mistake.empty())
         return kStatusUsage;
-    }
     if (!HasCreator(manager) || !CanBeWritten(database.GetFiles(), paths.m_sDatabase) ||
         !CanBeWritten(database.GetFiles(), paths.m_sConstraints))
         return kStatusNotWritten;
-    // The two files belong together: no signal ends the run between them.
-    const CSignalHold hold;
+    // SIGINT cancels the walk; the signals that would end the run at once wait, since the two files belong
+    // together.
+    CInterrupt::Install();
+    const CSignalHold hold({SIGTERM, SIGHUP});
     if (!output.CreateOverrideOutput(paths, manager.GetActiveBuild()))
         return kStatusNotWritten;
     PrintError(ToNarrow(FormatText(u"The overrides of build %u are in '%s', their limits in '%s'.",
@@ -118,7 +132,7 @@ int RunOverrides(const CArguments& arguments, std::u16string& mistake)
     CLoadedDatabase database(arguments.GetParameters().front());
     if (!database.Load())
         return TellNotLoaded(database, false);
-    return WriteOverrides(database, request);
+    return WriteOverrides(database, request, mistake);
 }
 } // namespace
 
