@@ -43,17 +43,22 @@ EDatabaseValueKind CGameAttribute::GetKind() const
 
 std::size_t CGameAttribute::GetCount() const
 {
-    return m_pTables ? m_pTables->AttribOf(m_nRecord, m_nPosition).count() : 0;
+    return m_pTables ? m_pTables->ValuesOf(m_nRecord, m_nPosition).count : 0;
+}
+
+bool CGameAttribute::IsOverridden() const
+{
+    return m_pTables && m_pTables->IsOverridden(m_nRecord, m_nPosition);
 }
 
 std::uint32_t CGameAttribute::GetWord(EDatabaseValueType type, std::size_t index) const
 {
     if (GetType() != type)
         return 0;
-    const packed::Attrib& attrib = m_pTables->AttribOf(m_nRecord, m_nPosition);
-    if (index >= attrib.count())
+    const SPackedValues values = m_pTables->ValuesOf(m_nRecord, m_nPosition);
+    if (index >= values.count)
         return 0;
-    return attrib.count() == 1 ? attrib.value() : m_pTables->words[attrib.value() + index];
+    return values.count == 1 ? values.value : values.words[values.value + index];
 }
 
 bool CGameAttribute::GetBoolean(std::size_t index) const
@@ -73,23 +78,23 @@ float CGameAttribute::GetFloat(std::size_t index) const
 
 std::string_view CGameAttribute::GetText(std::size_t index) const
 {
-    return m_pTables ? m_pTables->Text(GetWord(DBVALUE_TEXT, index)) : std::string_view();
+    return m_pTables ? m_pTables->ValueText(GetWord(DBVALUE_TEXT, index)) : std::string_view();
 }
 
 std::u16string_view CGameAttribute::GetWideText(std::size_t index) const
 {
-    return m_pTables ? m_pTables->WideText(GetWord(DBVALUE_WIDETEXT, index)) : std::u16string_view();
+    return m_pTables ? m_pTables->WideValueText(GetWord(DBVALUE_WIDETEXT, index)) : std::u16string_view();
 }
 
 template <std::size_t Dimension>
 std::array<float, Dimension> CGameAttribute::GetVector(std::size_t index) const
 {
     std::array<float, Dimension> vector = {};
-    if (!m_pTables || packed::Dimension(static_cast<std::uint32_t>(GetType())) != Dimension ||
-        index >= GetCount())
+    if (!m_pTables || packed::Dimension(static_cast<std::uint32_t>(GetType())) != Dimension)
         return vector;
-    const packed::Attrib& attrib = m_pTables->AttribOf(m_nRecord, m_nPosition);
-    std::copy_n(m_pTables->floats.data() + attrib.value() + index * Dimension, Dimension, vector.begin());
+    const SPackedValues values = m_pTables->ValuesOf(m_nRecord, m_nPosition);
+    if (index < values.count)
+        std::copy_n(values.floats + values.value + index * Dimension, Dimension, vector.begin());
     return vector;
 }
 

@@ -36,6 +36,8 @@ public:
     EDatabaseValueKind GetKind() const;
     // Values of the attribute; for a struct its rows.
     std::size_t GetCount() const;
+    // The values are a server's, not those of the packed file (GameOverrides.h).
+    bool IsOverridden() const;
 
     bool GetBoolean(std::size_t index = 0) const;
     std::int32_t GetInteger(std::size_t index = 0) const;

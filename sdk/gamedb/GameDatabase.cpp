@@ -10,6 +10,7 @@ struct CGameDatabase::SContent
 {
     CMappedFile file;
     SPackedTables tables;
+    std::unique_ptr<CPackedOverlay> overlay;
 };
 
 CGameDatabase::CGameDatabase(std::unique_ptr<SContent> content) : m_pContent(std::move(content)) {}
@@ -41,6 +42,17 @@ std::optional<CGameDatabase> CGameDatabase::OpenMemory(std::span<const std::byte
     if (!cause.empty())
         return std::nullopt;
     return CGameDatabase(std::move(content));
+}
+
+const SPackedTables& CGameDatabase::GetTables() const
+{
+    return m_pContent->tables;
+}
+
+void CGameDatabase::SetOverlay(std::unique_ptr<CPackedOverlay> overlay)
+{
+    m_pContent->tables.overlay = overlay.get();
+    m_pContent->overlay = std::move(overlay);
 }
 
 std::size_t CGameDatabase::GetCategoryCount() const

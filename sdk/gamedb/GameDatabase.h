@@ -2,8 +2,8 @@
 //
 // Open is linear in the size of the file: offsets, checksum and every index are checked, so that a truncated,
 // altered or foreign file is refused and nothing behind Open can leave the file. After that the database
-// never changes: any number of threads may read it, no reading call allocates except where it says so, and
-// none fails other than by answering "none".
+// changes only when overrides are applied (GameOverrides.h): any number of threads may read it, no reading
+// call allocates except where it says so, and none fails other than by answering "none".
 //
 // Categories, records and attributes are small handles, passed by value. They and the texts that they answer
 // live as long as the database, also when it has been moved. A handle may be empty, false in a condition; its
@@ -24,6 +24,9 @@
 #include <span>
 #include <string>
 #include <string_view>
+
+class CPackedOverlay;
+struct SPackedTables;
 
 // Counts and sizes, for reports.
 struct SGameDatabaseInfo
@@ -71,8 +74,13 @@ public:
     SGameDatabaseInfo GetInfo() const;
 
 private:
+    friend class CGameOverrides;
     struct SContent;
     explicit CGameDatabase(std::unique_ptr<SContent> content);
+
+    const SPackedTables& GetTables() const;
+    // Null gives every attribute its packed values again.
+    void SetOverlay(std::unique_ptr<CPackedOverlay> overlay);
 
     std::unique_ptr<SContent> m_pContent;
 };

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "PackedLayout.h"
+#include "PackedOverlay.h"
 
 #include "packeddatabase_generated.h"
 
@@ -29,6 +30,8 @@ struct SPackedTables
     std::span<const packed::Attrib> attribs;
     Words words;
     std::span<const float> floats;
+    // Not owned; null when every value is the packed one.
+    const CPackedOverlay* overlay = nullptr;
 
     // Takes the vectors as they stand in a file whose offsets are sound, before their content is checked.
     void Bind(const packed::Database& root, std::size_t size);
@@ -48,10 +51,36 @@ struct SPackedTables
     {
         return entries[ShapeOf(record).entries() + position];
     }
-    // The one place that leads from an attribute to its values: values from elsewhere would come in here.
-    const packed::Attrib& AttribOf(std::uint32_t record, std::uint32_t position) const
+    // The one place that leads from an attribute to its values.
+    SPackedValues ValuesOf(std::uint32_t record, std::uint32_t position) const
     {
-        return attribs[records[record].attribs() + position];
+        const std::uint32_t attrib = records[record].attribs() + position;
+        if (overlay != nullptr)
+        {
+            if (const SPackedValues* const found = overlay->Find(attrib))
+                return *found;
+        }
+        return PackedValuesOf(attrib);
+    }
+    bool IsOverridden(std::uint32_t record, std::uint32_t position) const
+    {
+        return overlay != nullptr && overlay->Find(records[record].attribs() + position) != nullptr;
+    }
+    // What the file says, whatever stands in for it.
+    SPackedValues PackedValuesOf(std::uint32_t attrib) const
+    {
+        return {attribs[attrib].count(), attribs[attrib].value(), words.data(), floats.data()};
+    }
+    // A text that is a value. Names are always in the file.
+    std::string_view ValueText(std::uint32_t id) const
+    {
+        const std::string* const found = overlay != nullptr ? overlay->FindText(id) : nullptr;
+        return found != nullptr ? *found : Text(id);
+    }
+    std::u16string_view WideValueText(std::uint32_t id) const
+    {
+        const std::u16string* const found = overlay != nullptr ? overlay->FindWideText(id) : nullptr;
+        return found != nullptr ? *found : WideText(id);
     }
 
     // Each answers packed::kNone when there is none, and the first when there are several.

@@ -1,4 +1,4 @@
-// UTF-8 as this folder's writers and readers need it. Internal to the SDK.
+// UTF-8 as the SDK's writers, readers and tools need it.
 #pragma once
 
 #include <cstddef>

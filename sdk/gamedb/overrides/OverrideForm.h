@@ -6,6 +6,7 @@
 #include "OverrideAttribute.h"
 
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -24,8 +25,8 @@ public:
     [[nodiscard]] virtual bool IsWordInUse(std::string_view word) const = 0;
     // An attribute of the same name links to a record of the schema anywhere in the database.
     [[nodiscard]] virtual bool IsSchemaInUse(std::string_view schema) const = 0;
-    // The schema of the record with that path; null when there is no such record.
-    [[nodiscard]] virtual const std::string_view* FindSchemaOf(std::string_view record) const = 0;
+    // The schema of the record with that path; nothing when there is no such record.
+    [[nodiscard]] virtual std::optional<std::string_view> FindSchemaOf(std::string_view record) const = 0;
 };
 
 class IOverrideForm

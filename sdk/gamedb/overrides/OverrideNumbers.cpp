@@ -54,6 +54,12 @@ EReading Parse(std::string_view text, float& value, const char*& end)
     return EReading::TooLarge;
 }
 
+bool RefuseNumber(std::string_view text, const char* what, SOverrideError& error)
+{
+    return error.Set(EOverrideCause::BadValue,
+                     text.empty() ? "a value is missing" : QuoteForMessage(text) + " is not a " + what);
+}
+
 template <class T> bool IsInLimits(T value, T minimum, T maximum, SOverrideError& error)
 {
     if (value < minimum)
@@ -73,7 +79,7 @@ bool ReadInteger(std::string_view text, std::int32_t& value, SOverrideError& err
     const char* const last = digits.data() + digits.size();
     const auto [end, failure] = std::from_chars(digits.data(), last, value);
     if (!isSigned || failure == std::errc::invalid_argument || end != last)
-        return error.Set(EOverrideCause::BadValue, QuoteForMessage(text) + " is not a whole number");
+        return RefuseNumber(text, "whole number", error);
     if (failure != std::errc())
         return error.Set(EOverrideCause::OutOfLimits, QuoteForMessage(text) + " is too large");
     return true;
@@ -84,7 +90,7 @@ bool ReadFloat(std::string_view text, float& value, SOverrideError& error)
     const char* end = nullptr;
     const EReading reading = Parse(text, value, end);
     if (reading == EReading::NoNumber || end != text.data() + text.size())
-        return error.Set(EOverrideCause::BadValue, QuoteForMessage(text) + " is not a number");
+        return RefuseNumber(text, "number", error);
     if (reading == EReading::TooLarge)
         return error.Set(EOverrideCause::OutOfLimits, QuoteForMessage(text) + " is too large");
     return true;

@@ -147,8 +147,8 @@ bool CLinkForm::Check(const SOverrideValue& value, const IOverrideUse& use, SOve
 {
     if (IsNone(value.text))
         return true;
-    const std::string_view* const schema = use.FindSchemaOf(value.text);
-    if (schema == nullptr)
+    const std::optional<std::string_view> schema = use.FindSchemaOf(value.text);
+    if (!schema)
         return error.Set(EOverrideCause::OutOfLimits, "there is no record " + QuoteForMessage(value.text));
     bool isPublic = false;
     for (std::string_view name : m_Schemas)
