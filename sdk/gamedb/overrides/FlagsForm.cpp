@@ -31,6 +31,18 @@ bool ParseMask(std::string_view digits, std::uint32_t& mask)
     return failure == std::errc() && end == last;
 }
 
+// A description has its line breaks as \\r and \\n in two characters each; here they are blanks.
+std::string WithoutBreaks(std::string_view description)
+{
+    std::string text(description);
+    for (const char* const escape : {"\\r", "\\n"})
+    {
+        for (std::size_t at = text.find(escape); at != std::string::npos; at = text.find(escape, at))
+            text.replace(at, 2, " ");
+    }
+    return text;
+}
+
 // A bare word of this kind is never the name of a flag.
 bool IsReserved(std::string_view text)
 {
@@ -157,7 +169,7 @@ std::vector<std::string> CFlagsForm::Describe() const
         std::string line = "  ";
         Write(value, line);
         if (!flag.description.empty())
-            (line += ": ") += flag.description;
+            (line += ": ") += WithoutBreaks(flag.description);
         lines.push_back(std::move(line));
     }
     return lines;

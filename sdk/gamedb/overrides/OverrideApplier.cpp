@@ -127,16 +127,17 @@ bool COverrideApplier::ApplyLine(const SOverrideLine& line, SOverrideError& erro
         return error.Set(EOverrideCause::RepeatedName,
                          "stands in line " + std::to_string(target.line) + " already; the first line counts");
     target.line = line.number;
-    if (!target.isFound)
-        return error.Set(EOverrideCause::UnknownName,
-                         "is not in the database as the limits file describes it");
     const std::unique_ptr<IOverrideForm> form = MakeOverrideForm(*target.attribute);
     COverrideCursor cursor(line.values);
     std::vector<SOverrideValue> values;
     bool isApplied = ReadOverrideValues(*form, cursor, values, error);
     if (isApplied &&
-        WriteOverrideValues(*form, values) != WriteOverrideValues(*form, target.attribute->values))
-        isApplied = Accept(target, *form, values, error);
+        WriteOverrideValues(*form, values) == WriteOverrideValues(*form, target.attribute->values))
+        return true;
+    if (isApplied && !target.isFound)
+        return error.Set(EOverrideCause::UnknownName,
+                         "is not in the database as the limits file describes it");
+    isApplied = isApplied && Accept(target, *form, values, error);
     if (!isApplied)
         error.message = "keeps its value: " + error.message;
     return isApplied;
