@@ -83,7 +83,7 @@ bool Convert(IFileSystem& files, const SDirection& direction, const SJob& job)
                                      [&line](std::size_t done) { line.SetDone(done); });
     }
     if (error.m_Code == EFileError::InvalidData)
-        TellError("The file " + Quote(job.m_sSource) + " is not a compressed file.");
+        TellError(Describe(job.m_sSource) + " is not a compressed file.");
     else if (!error.IsOk())
         TellFailure(job.m_sSource, "could not be converted", error);
     if (!error.IsOk())
@@ -139,7 +139,7 @@ int RunExpand(const CArguments& arguments, std::u16string& mistake)
 
 std::optional<std::u16string> MakeTargetName(std::u16string_view path, char16_t from, char16_t to)
 {
-    constexpr char16_t kToUpper = u'A' - u'a';
+    constexpr int kToUpper = 'A' - 'a';
     std::u16string target(path);
     if (path.ends_with(from))
         target.back() = to;

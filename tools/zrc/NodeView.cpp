@@ -123,15 +123,7 @@ std::size_t CNodeView::ShowAtom(std::string_view rest)
     m_bListEnded = false;
     m_bBlankDue = true;
     m_bLineUsed = true;
-    // A character never lies across two pieces that begin behind a whole one.
-    for (std::string_view atom = rest.substr(0, size); m_bOpen && !atom.empty();)
-    {
-        std::size_t piece = std::min(kPieceSize, atom.size());
-        while (piece < atom.size() && (static_cast<unsigned char>(atom[piece]) & 0xC0U) == 0x80)
-            ++piece;
-        Put(EscapeControls(atom.substr(0, piece)));
-        atom.remove_prefix(piece);
-    }
+    Put(EscapeControls(rest.substr(0, size)));
     return size;
 }
 

@@ -54,9 +54,14 @@ std::string Quote(std::u16string_view path)
     return '\'' + EscapeControls(ToNarrow(path)) + '\'';
 }
 
+std::string Describe(std::u16string_view path)
+{
+    return path == kStandardStream ? "The standard stream" : "The file " + Quote(path);
+}
+
 void TellFailure(std::u16string_view path, std::string_view what, const CFileError& error)
 {
-    TellError("The file " + Quote(path) + ' ' + std::string(what) + ": " + ToNarrow(error.GetText()) + '.');
+    TellError(Describe(path) + ' ' + std::string(what) + ": " + ToNarrow(error.GetText()) + '.');
 }
 
 bool ReadInput(IFileSystem& files, std::u16string_view path, CFileBuffer& content)

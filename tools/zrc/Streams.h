@@ -13,6 +13,8 @@ inline constexpr std::u16string_view kStandardStream = u"-";
 void TellError(std::string_view text);
 // A path in quotes for a message, with its control characters escaped.
 [[nodiscard]] std::string Quote(std::u16string_view path);
+// "The file 'x'", or what stands for it.
+[[nodiscard]] std::string Describe(std::u16string_view path);
 // "The file 'x' could not be read: CAUSE." `what` is the middle, such as "could not be read".
 void TellFailure(std::u16string_view path, std::string_view what, const CFileError& error);
 
