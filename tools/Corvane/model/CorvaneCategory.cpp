@@ -69,6 +69,12 @@ CCorvaneCategory::CCorvaneCategory(CCorvaneMgr& manager, std::u16string_view nam
 CCorvaneCategory::~CCorvaneCategory()
 {
     SetFile({});
+    // An undo entry may hold a child longer than this category lives.
+    for (const CRef<CCorvaneCategory>& child : m_Children)
+    {
+        if (child->m_pParent == this)
+            child->m_pParent = nullptr;
+    }
 }
 
 CRef<CCorvaneCategory> CCorvaneCategory::CreateFromFile(CCorvaneMgr& manager, std::u16string_view path,
@@ -169,10 +175,16 @@ void CCorvaneCategory::Assign(const CCorvaneCategory& source)
 void CCorvaneCategory::SetName(std::u16string_view name)
 {
     const std::u16string old = std::exchange(m_sName, std::u16string(name));
-    CPointerIndex<CCorvaneCategory>* index =
-        m_pParent ? m_pParent->m_pChildIndex.get() : m_Manager.m_pRootIndex.get();
-    if (index->Remove(HashName(old), *this))
-        index->Add(HashName(m_sName), *this);
+    const auto rename = [&](CPointerIndex<CCorvaneCategory>& index)
+    {
+        if (index.Remove(HashName(old), *this))
+            index.Add(HashName(m_sName), *this);
+    };
+    // A root category that was moved stands in both lists.
+    if (m_pParent)
+        rename(*m_pParent->m_pChildIndex);
+    if (m_bRoot)
+        rename(*m_Manager.m_pRootIndex);
 }
 
 void CCorvaneCategory::SetFile(std::u16string_view path)

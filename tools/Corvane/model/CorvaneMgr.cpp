@@ -27,6 +27,7 @@ CCorvaneMgr::~CCorvaneMgr()
     if (IsOpen())
         Notify(CCorvaneEvent(ECorvaneEvent::CloseBegin));
     ReleaseTree();
+    m_SpecialCategories.clear();
 }
 
 CObserverHandle CCorvaneMgr::AddObserver(CObserverList<const CCorvaneEvent&>::FCallback callback)
@@ -41,17 +42,18 @@ CCorvaneCategory* CCorvaneMgr::AddCategory(CRef<CCorvaneCategory> category)
             parent ? parent->FindChild(category->GetName()) : FindRootCategory(category->GetName()))
         return taken;
     if (parent)
-    {
         parent->AddChildCategory(*category);
-    }
     else
-    {
-        category->m_bRoot = true;
-        m_pRootIndex->Add(HashName(category->GetName()), *category);
-        m_RootCategories.push_back(category);
-    }
+        AddRootCategory(*category);
     Notify(CCorvaneEvent(ECorvaneEvent::CategoryAdded, category.Get()));
     return category.Get();
+}
+
+void CCorvaneMgr::AddRootCategory(CCorvaneCategory& category)
+{
+    category.m_bRoot = true;
+    m_pRootIndex->Add(HashName(category.GetName()), category);
+    m_RootCategories.emplace_back(&category);
 }
 
 bool CCorvaneMgr::AddSchemaFile(std::u16string_view path)

@@ -78,6 +78,37 @@ public:
     [[nodiscard]] bool SaveSchema(CCorvaneSchema* pSchema);
     [[nodiscard]] bool SaveCategory(CCorvaneCategory* pCategory, std::u16string* outDir);
     [[nodiscard]] bool SaveRecord(CCorvaneRecord* pRecord, bool onlyIfModified);
+    // All records below the category, changed or not. False when one failed; the others are written.
+    [[nodiscard]] bool SaveChildRecordsAsModified(CCorvaneCategory* pCategory);
+    void MarkChildRecordsAsModified(CCorvaneCategory* pCategory);
+
+    // Category operations (CorvaneMgr_Category). Each tells the event line and gives a restore point to the
+    // open undo group, but for the insert, which cannot be undone.
+    //
+    // A new system category; `pParent` is null for a root category, `pSchema` for one without records. Its
+    // directory comes into being at the next save.
+    CCorvaneCategory* InsertCategory(CCorvaneCategory* pParent, CCorvaneSchema* pSchema);
+    // Gives a new name where the destination has the old one. A root category stays in the root list too. A
+    // virtual category stays below its system category; a destination below the category is refused.
+    [[nodiscard]] bool MoveCategory(CCorvaneCategory* pDest, CCorvaneCategory* pCategory);
+    // Takes a root category out of the category that it was moved to.
+    [[nodiscard]] bool MoveCategoryToRoot(CCorvaneCategory& category);
+    // Does not look whether the name is free; see CheckCategoryRename. The records below a virtual category
+    // are marked as modified when the user agrees.
+    [[nodiscard]] bool RenameCategory(CCorvaneCategory& category, std::u16string_view name);
+    // The test ahead of a user's rename. False has told that the name is taken.
+    [[nodiscard]] bool CheckCategoryRename(const CCorvaneCategory& category, std::u16string_view name) const;
+    // Brings a category back into the tree, below `pParent` or, without one, among the root categories. False
+    // when the parent has left the tree itself.
+    bool ReinsertCategory(CCorvaneCategory& category, CCorvaneCategory* pParent = nullptr);
+    // Empties a category outside the tree, so that it may end: what a delete passed over is still in it.
+    void ReleaseDeletedCategory(CCorvaneCategory& category);
+
+    // Special categories, which no file stands for. They outlive the databases and come into the tree by
+    // ReinsertCategory.
+    void AddSpecialCategory(CRef<CCorvaneCategory> category);
+    // The one with this GetCategoryType(), or null.
+    [[nodiscard]] CCorvaneCategory* GetSpecialCategory(int type) const;
 
     // Record operations (CorvaneMgr_Record). Each tells the event line and gives a restore point to the open
     // undo group. A failed one has told why where the user could not know, and leaves the tree as it was.
@@ -137,6 +168,9 @@ public:
     [[nodiscard]] CCorvaneCategory* GetVirtualRelativeCategory(CCorvaneCategory* pParent,
                                                                std::u16string_view offset);
     [[nodiscard]] CCorvaneCategory* GetSystemCategory(CCorvaneCategory* category) const;
+    // A move inside one directory, written at once; with `silent` without a check-out of its own. False when
+    // the directories differ or the check-out was refused.
+    [[nodiscard]] bool MoveRecordVirtual(CCorvaneCategory* pDest, CCorvaneRecord* pRecord, bool silent);
 
     // Builds (CorvaneMgr_Build).
     // The number that a game's library exports; an empty path means the project's own. 0 when there is none.
@@ -262,6 +296,11 @@ private:
     [[nodiscard]] bool MayMoveRecord(const CCorvaneCategory* dest, CCorvaneRecord& record) const;
     void RenameRecordFile(CCorvaneRecord& record);
     void TakeBackRecordFile(CCorvaneRecord& record);
+    void AddRootCategory(CCorvaneCategory& category);
+    [[nodiscard]] bool MayMoveCategory(CCorvaneCategory* pDest, CCorvaneCategory* pCategory) const;
+    [[nodiscard]] bool PrepareVirtualRename(CCorvaneCategory& category);
+    [[nodiscard]] bool CheckOutCategory(CCorvaneCategory& category) const;
+    void TellRenameError(const CCorvaneCategory& category, std::u16string_view reason) const;
 
     [[nodiscard]] bool FailOpen();
     [[nodiscard]] bool ConnectSourceControl();
@@ -313,6 +352,7 @@ private:
     IUndoRecorder& m_Undo;
 
     std::vector<CRef<CCorvaneCategory>> m_RootCategories;
+    std::vector<CRef<CCorvaneCategory>> m_SpecialCategories;
     std::vector<CRef<CCorvaneSchema>> m_Schemas;
     std::unique_ptr<CPointerIndex<CCorvaneCategory>> m_pRootIndex;
     std::unique_ptr<CPointerIndex<CCorvaneCategory>> m_pCategoryFiles;

@@ -384,8 +384,12 @@ void CCorvaneMgr::ReleaseTree()
     {
         const CRef<CCorvaneCategory> category = m_RootCategories.back();
         ReleaseCategory(*category);
+        category->m_bRoot = false; // A special category stays for the next database.
         m_RootCategories.pop_back();
     }
+    // What a delete passed over in a special category that is not in the tree.
+    for (const CRef<CCorvaneCategory>& special : m_SpecialCategories)
+        ReleaseDeletedCategory(*special);
     m_pRootIndex->Clear();
     m_pSchemaNames->Clear();
     m_pSchemaFiles->Clear();
@@ -405,6 +409,9 @@ void CCorvaneMgr::ReleaseCategory(CCorvaneCategory& category)
     }
     for (std::vector<CRef<CCorvaneCategory>> children = category.TakeChildren(); !children.empty();
          children.pop_back())
+    {
         ReleaseCategory(*children.back());
+        children.back()->m_pParent = nullptr; // A root category that was moved comes a second time.
+    }
     Notify(CCorvaneEvent(ECorvaneEvent::CategoryDeleted, &category));
 }

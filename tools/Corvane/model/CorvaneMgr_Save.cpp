@@ -186,3 +186,32 @@ bool CCorvaneMgr::SaveRecord(CCorvaneRecord* pRecord, bool onlyIfModified)
         return false;
     return SaveCategory(pRecord->GetCategory(), nullptr) && pRecord->SaveToFile(!onlyIfModified);
 }
+
+bool CCorvaneMgr::SaveChildRecordsAsModified(CCorvaneCategory* pCategory)
+{
+    ZRASSERT(pCategory);
+    if (pCategory == nullptr)
+        return false;
+    bool good = true;
+    // Copies of the lists: a check-out may bring a refresh with it.
+    const std::vector<CRef<CCorvaneRecord>> records(pCategory->GetRecords().begin(),
+                                                    pCategory->GetRecords().end());
+    for (const CRef<CCorvaneRecord>& record : records)
+        good = SaveRecord(record.Get(), false) && good;
+    const std::vector<CRef<CCorvaneCategory>> children(pCategory->GetChildren().begin(),
+                                                       pCategory->GetChildren().end());
+    for (const CRef<CCorvaneCategory>& child : children)
+        good = SaveChildRecordsAsModified(child.Get()) && good;
+    return good;
+}
+
+void CCorvaneMgr::MarkChildRecordsAsModified(CCorvaneCategory* pCategory)
+{
+    ZRASSERT(pCategory);
+    if (pCategory == nullptr)
+        return;
+    for (const CRef<CCorvaneRecord>& record : pCategory->GetRecords())
+        record->SetModified(true);
+    for (const CRef<CCorvaneCategory>& child : pCategory->GetChildren())
+        MarkChildRecordsAsModified(child.Get());
+}

@@ -78,3 +78,26 @@ CCorvaneCategory* CCorvaneMgr::GetSystemCategory(CCorvaneCategory* category) con
         category = category->GetParent();
     return category;
 }
+
+bool CCorvaneMgr::MoveRecordVirtual(CCorvaneCategory* pDest, CCorvaneRecord* pRecord, bool silent)
+{
+    ZRASSERT(pDest);
+    ZRASSERT(pRecord);
+    if (pDest == nullptr || pRecord == nullptr)
+        return false;
+    const CRef<CCorvaneCategory> source(pRecord->GetCategory());
+    if (GetSystemCategory(source.Get()) != GetSystemCategory(pDest))
+    {
+        ZRASSERT_SITE("pSystemSrc != pSystemDest", "");
+        return false;
+    }
+    const CRef<CCorvaneRecord> keepAlive(pRecord);
+    // Ahead of the removal: a refused check-out leaves the record where it is.
+    if (!source || !pRecord->SetCategory(pDest, silent))
+        return false;
+    source->RemoveRecord(*pRecord);
+    pDest->AddRecord(*pRecord);
+    // A file that could not be written was told, and the record waits for the next save.
+    static_cast<void>(SaveRecord(pRecord, silent));
+    return true;
+}
