@@ -9,7 +9,7 @@
 // that an untouched setting follows the packed database also after an update of the game.
 #pragma once
 
-#include "OverrideError.h"
+#include "GameOverrideCause.h"
 
 #include <cstddef>
 #include <span>

@@ -2,7 +2,7 @@
 
 CPackedOverlay::CPackedOverlay(std::size_t texts, std::size_t wideTexts)
     : m_nFirstText(static_cast<std::uint32_t>(texts)),
-      m_nFirstWideText(static_cast<std::uint32_t>(wideTexts)), m_Slots(16)
+      m_nFirstWideText(static_cast<std::uint32_t>(wideTexts)), m_Slots(std::size_t{1} << (64 - m_nShift))
 {
 }
 
@@ -37,14 +37,16 @@ void CPackedOverlay::Add(std::uint32_t attrib, const SPackedValues& values)
     if (m_Entries.size() * 2 <= m_Slots.size())
         return Insert(static_cast<std::uint32_t>(m_Entries.size() - 1));
     m_Slots.assign(m_Slots.size() * 2, 0);
+    --m_nShift;
     for (std::uint32_t i = 0; i < m_Entries.size(); ++i)
         Insert(i);
 }
 
 std::size_t CPackedOverlay::FirstSlot(std::uint32_t attrib) const
 {
-    // Neighbouring attributes are often overridden together; the product spreads them.
-    return (attrib * std::uint64_t{0x9E3779B97F4A7C15} >> 32) & (m_Slots.size() - 1);
+    // The same attribute of record after record lies at even distances, which only the upper bits of the
+    // product spread.
+    return attrib * std::uint64_t{0x9E3779B97F4A7C15} >> m_nShift;
 }
 
 void CPackedOverlay::Insert(std::uint32_t entry)

@@ -54,7 +54,9 @@ private:
     std::uint32_t m_nFirstText;
     std::uint32_t m_nFirstWideText;
     std::vector<SEntry> m_Entries;
-    // An index of an entry plus 1, or 0; a power of two.
+    // The slots are two to the power of 64 less this.
+    unsigned int m_nShift = 60;
+    // An index of an entry plus 1, or 0.
     std::vector<std::uint32_t> m_Slots;
     // What they hold does not move when more is added.
     std::deque<std::vector<std::uint32_t>> m_Words;

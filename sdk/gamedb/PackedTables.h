@@ -55,7 +55,7 @@ struct SPackedTables
     SPackedValues ValuesOf(std::uint32_t record, std::uint32_t position) const
     {
         const std::uint32_t attrib = records[record].attribs() + position;
-        if (overlay != nullptr)
+        if (overlay != nullptr) [[unlikely]]
         {
             if (const SPackedValues* const found = overlay->Find(attrib))
                 return *found;

@@ -1,24 +1,10 @@
-// Why a line of an override text, or a whole file, was not applied.
+// What is wrong with a line, for those who take it apart.
 #pragma once
+
+#include "GameOverrideCause.h"
 
 #include <string>
 #include <utility>
-
-enum class EOverrideCause
-{
-    None,
-    // The file as a whole: it cannot be read, is no limits file or no text, or describes another database.
-    UnreadableFile,
-    DamagedLimits,
-    ForeignDatabase,
-    // One line.
-    BrokenLine,
-    UnknownName,
-    RepeatedName,
-    WrongCount,
-    BadValue,
-    OutOfLimits,
-};
 
 struct SOverrideError
 {
