@@ -10,8 +10,9 @@
 #include "SampleCopy.h"
 #include "Unicode.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
-#include <regex>
+#include <sstream>
 
 namespace fs = std::filesystem;
 
@@ -22,33 +23,40 @@ class CShellScript : private CSampleCopy
 public:
     std::string Execute(const std::string& line)
     {
-        std::smatch parts;
-        if (!std::regex_match(line, parts, std::regex("(file|bytes|edit|run) ([^ ]*) ?(.*)")))
+        const std::size_t end = std::min(line.find(' '), line.size());
+        const std::string command = line.substr(0, end);
+        const std::string text = line.substr(std::min(end + 1, line.size()));
+        if (command != "file" && command != "bytes" && command != "edit" && command != "run")
         {
-            m_sText += ToWide(std::regex_replace(line, std::regex("~"), m_sHome)) + u"\r\n";
+            m_sText += ToWide(ReplaceAll(line, "~", m_sHome)) + u"\r\n";
             return "";
         }
         if (!m_sFile.empty())
             m_Scratch.WriteUtf16(m_sFile, m_sText);
-        m_sFile.clear();
+        m_sFile = command == "file" ? text : "";
         m_sText.clear();
-        if (parts[1] == "file")
-            m_sFile = parts[2];
-        else if (parts[1] == "bytes")
-            m_Scratch.WriteBytes(parts[2].str(), parts[3].str() + '\n');
-        else if (parts[1] == "edit")
-            Edit(line);
-        else
-            return Run(line.substr(4));
-        return "";
+        if (command == "bytes")
+            WriteLine(text);
+        else if (command == "edit")
+            Edit(text);
+        return command == "run" ? Run(text) : "";
     }
 
 private:
-    void Edit(const std::string& line)
+    void WriteLine(const std::string& text) const
     {
-        std::smatch parts;
-        ASSERT_TRUE(std::regex_match(line, parts, std::regex("edit ([^;]*);([^;]*);([^=]*)=(.*)"))) << line;
-        SetValue(parts[1], ToWide(parts[2].str()), ToWide(parts[3].str()), ToWide(parts[4].str()));
+        const std::size_t end = std::min(text.find(' '), text.size());
+        m_Scratch.WriteBytes(text.substr(0, end), text.substr(std::min(end + 1, text.size())) + '\n');
+    }
+    void Edit(const std::string& text) const
+    {
+        std::istringstream parts(text);
+        std::string file, section, key, value;
+        std::getline(parts, file, ';');
+        std::getline(parts, section, ';');
+        std::getline(parts, key, '=');
+        std::getline(parts, value);
+        SetValue(file, ToWide(section), ToWide(key), ToWide(value));
     }
     std::string Run(const std::string& command)
     {
@@ -56,9 +64,9 @@ private:
             RunShell("cd '" + m_sHome + "' && export HOME=$PWD XDG_CONFIG_HOME=$PWD/config PATH=" +
                      fs::path(CORVANE_PROGRAM).parent_path().string() + ":$PATH && { " + command + "\n}");
         std::string answer = status != 0 ? "exit " + std::to_string(status) + '\n' : "";
-        answer += std::regex_replace(m_Scratch.ReadBytes("output"), std::regex("\n\n+"), "\n");
-        answer += std::regex_replace(m_Scratch.ReadBytes("error"), std::regex("([^\n]+)\n+"), "! $1\n");
-        return std::regex_replace(answer, std::regex(m_sHome), "~");
+        answer += MarkLines(m_Scratch.ReadBytes("output"));
+        answer += MarkLines(m_Scratch.ReadBytes("error"), "! ");
+        return ReplaceAll(answer, m_sHome, "~");
     }
 
     const std::string m_sHome = m_Scratch.GetPath();

@@ -2,7 +2,6 @@
 
 #include <fstream>
 #include <gtest/gtest.h>
-#include <regex>
 #include <sstream>
 
 namespace fs = std::filesystem;
@@ -18,6 +17,22 @@ std::vector<fs::path> FindGoldenFiles(const fs::path& folder, const std::string&
     return files;
 }
 
+std::string ReplaceAll(std::string text, const std::string& part, const std::string& by)
+{
+    for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + by.size()))
+        text.replace(at, part.size(), by);
+    return text;
+}
+
+std::string MarkLines(const std::string& text, const std::string& mark)
+{
+    std::string marked;
+    std::istringstream lines(text);
+    for (std::string line; std::getline(lines, line);)
+        marked += line.empty() ? "" : mark + line + '\n';
+    return marked;
+}
+
 void CheckGolden(const fs::path& path, const std::function<std::string(const std::string&)>& execute)
 {
     std::ifstream file(path);
@@ -30,7 +45,7 @@ void CheckGolden(const fs::path& path, const std::function<std::string(const std
         actual += line + '\n';
         std::istringstream told(line.starts_with("#") ? "" : execute(line));
         while (std::getline(told, line))
-            actual += "  " + std::regex_replace(line, std::regex("\r"), "<CR>") + '\n';
+            actual += "  " + ReplaceAll(line, "\r", "<CR>") + '\n';
     }
     if (actual == expected)
         return;

@@ -11,6 +11,11 @@
 [[nodiscard]] std::vector<std::filesystem::path> FindGoldenFiles(const std::filesystem::path& folder,
                                                                  const std::string& extension);
 
+// Puts `by` where `part` stands.
+[[nodiscard]] std::string ReplaceAll(std::string text, const std::string& part, const std::string& by);
+// The lines that are not empty, each behind `mark`.
+[[nodiscard]] std::string MarkLines(const std::string& text, const std::string& mark = {});
+
 // Runs the commands of a file and holds what they answer against what stands below them. On a difference the
 // run is written to "<file>.actual" in the working directory.
 void CheckGolden(const std::filesystem::path& path,

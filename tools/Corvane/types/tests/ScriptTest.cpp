@@ -25,7 +25,6 @@
 #include <functional>
 #include <gtest/gtest.h>
 #include <map>
-#include <regex>
 #include <sstream>
 #include <stdexcept>
 
@@ -271,7 +270,7 @@ private:
         {"bytes", [this] { WriteBytes(); }},
         {"open", [this] { Open(); }},
         {"save", [this] { Save(); }},
-        {"print", [this] { m_sAnswer += std::regex_replace(m_Test.Read(Word()), std::regex("\n+"), "\n"); }},
+        {"print", [this] { m_sAnswer += MarkLines(m_Test.Read(Word())); }},
         {"reload-record", [this] { Need(Record().ReloadFromFile()); }},
         {"reload-schema", [this] { Need(m_Test.Schema(Word()).ReloadFromFile()); }},
         {"reload-struct", [this] { Need(Struct().GetStructFile()->Reload()); }},
