@@ -87,8 +87,8 @@ const std::string kFailed =
 
 TEST_F(COverrideOutputTest, EveryTypeSendsItsCalls)
 {
-    EXPECT_EQ(Output(), "done");
-    EXPECT_EQ(ReadText(), R"(All/Second/IntegerX: Integer 3 1 1 "min=-1;max=9" "Integer!"
+    constexpr const char* kCalls = R"(
+All/Second/IntegerX: Integer 3 1 1 "min=-1;max=9" "Integer!"
  limits -1 9
  int 9
 All/Every/TextX: Text 4 1 1 "max=4" "Text!"
@@ -135,8 +135,15 @@ All/Every/StructX.1.Chance: Float 2 1 1 "min=0;max=1" ""
 All/Every/StringIDX: StringID 4 1 1 "" "StringID!"
  text <none>
 save 7
-)");
-    EXPECT_EQ(m_Scratch.ReadBytes("Game/Database/Limits.dat"), "constraints\n");
+)";
+    ;
+    for (const bool window : {false, true})
+    {
+        m_Questions.m_bWindow = window;
+        EXPECT_EQ(Output(), "done");
+        EXPECT_EQ('\n' + ReadText(), kCalls);
+        EXPECT_EQ(m_Scratch.ReadBytes("Game/Database/Limits.dat"), "constraints\n");
+    }
 }
 
 TEST_F(COverrideOutputTest, OnlyMarkedAttributesOfTheBuildGoIn)
