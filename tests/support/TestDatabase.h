@@ -68,6 +68,9 @@ public:
     [[nodiscard]] bool CheckOutForEdit(CCorvaneRecord&) override { return Answer(); }
     [[nodiscard]] bool CheckOutForEdit(CCorvaneSchema&) override { return Answer(); }
     [[nodiscard]] bool CheckOutForEdit(std::u16string_view) override { return Answer(); }
+    [[nodiscard]] bool AddRecord(CCorvaneRecord&) override { return Answer(); }
+    [[nodiscard]] bool AddCategoryTree(CCorvaneCategory&) override { return Answer(); }
+    [[nodiscard]] bool Move(CCorvaneRecord&, CCorvaneCategory&) override { return Answer(); }
 
     using CSourceGate::IsDeletePending;
     [[nodiscard]] bool IsDeletePending(const CCorvaneRecord& record) override
@@ -78,6 +81,7 @@ public:
     bool m_bRefuseConnection = false;
     bool m_bConnected = false;
     bool m_bGrant = true;
+    int m_nGrants = -1; // So many are left; negative for no limit.
     int m_nAsked = 0;
     const CCorvaneRecord* m_pDeletePending = nullptr;
 
@@ -85,7 +89,7 @@ private:
     bool Answer()
     {
         ++m_nAsked;
-        return m_bGrant;
+        return m_bGrant && (m_nGrants < 0 || m_nGrants-- > 0);
     }
 };
 

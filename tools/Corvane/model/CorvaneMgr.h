@@ -34,6 +34,7 @@ class CSourceGate;
 class CorvaneSchemaAttribDataMgr;
 class IProgress;
 class IUndoRecorder;
+struct SRecordPlace;
 struct SSourceDirectory;
 template <class T> class CPointerIndex;
 
@@ -122,6 +123,9 @@ public:
     // Sends the record's file to the recycle bin. With `prompt` the user is asked when something depends on
     // the record. Without an open undo group the record is emptied.
     [[nodiscard]] bool DeleteRecord(CCorvaneRecord& record, bool prompt);
+    // Takes a record to a category of the same schema; between directories it is written to the new one, and
+    // the old file stays. `silent` leaves source control alone and writes a record that is modified only.
+    [[nodiscard]] bool MoveRecord(CCorvaneCategory* dest, CCorvaneRecord& record, bool silent);
     // The move of a refresh: touches neither disk nor source control.
     bool MoveRecordUnchecked(CCorvaneCategory* dest, CCorvaneRecord& record, bool silent);
     // Does not look whether the name is free; see CheckRecordRename. The file follows unless source control
@@ -294,6 +298,11 @@ private:
     void AddNewRecord(CCorvaneCategory& parent, CCorvaneRecord& record, ERestoreAction action);
     void RecordAction(CCorvaneRecord& record, ERestoreAction action);
     [[nodiscard]] bool MayMoveRecord(const CCorvaneCategory* dest, CCorvaneRecord& record) const;
+    [[nodiscard]] bool MakeDirectory(CCorvaneCategory& category);
+    [[nodiscard]] bool TakeUnderControl(CCorvaneCategory& dest, CCorvaneRecord& record);
+    [[nodiscard]] bool MoveToDirectory(CCorvaneCategory& dest, CCorvaneCategory& system,
+                                       CCorvaneRecord& record, bool silent);
+    void FinishRecordMove(CCorvaneRecord& record, SRecordPlace former);
     void RenameRecordFile(CCorvaneRecord& record);
     void TakeBackRecordFile(CCorvaneRecord& record);
     void AddRootCategory(CCorvaneCategory& category);

@@ -16,16 +16,6 @@
 #include <memory>
 #include <utility>
 
-namespace
-{
-// Their files name this record by its path, so that only a save keeps the link.
-void MarkReferenceesModified(const CCorvaneRecord& record)
-{
-    for (const CRef<CCorvaneRecord>& child : record.GetReferencees())
-        child->SetModified(true);
-}
-} // namespace
-
 // Nobody answers in a silent run: what is not confirmed does not happen.
 bool CCorvaneMgr::AskYes(std::u16string_view title, std::u16string_view text) const
 {
@@ -173,7 +163,12 @@ bool CCorvaneMgr::RecycleFile(std::u16string_view path) const
 bool CCorvaneMgr::ReinsertRecord(CCorvaneRecord& record)
 {
     CCorvaneCategory* category = record.GetCategory();
-    if (category == nullptr || !category->IsAttached() || category->Contains(record))
+    if (category == nullptr)
+        return false;
+    // A special category went with its last record.
+    if (category->GetCategoryType() != 0 && category->GetRecords().size() < 2)
+        ReinsertCategory(*category, category->GetParent());
+    if (!category->IsAttached() || category->Contains(record))
         return false;
     TakeBackRecordFile(record);
     // A record that an undo emptied has no name and comes back without attributes.
@@ -212,7 +207,7 @@ bool CCorvaneMgr::RenameRecord(CCorvaneRecord& record, std::u16string_view name)
         return false;
     if (!m_Gate.IsConnected() && !record.GetFile().empty())
         RenameRecordFile(record);
-    MarkReferenceesModified(record);
+    record.MarkReferenceesModified(); // Their files name this record by its path.
     std::u16string newPath;
     GetRecordDisplayPath(&record, newPath);
     Notify(CCorvaneEvent(ECorvaneEvent::RecordRenamed, SRecordRenamed{&record, oldPath, newPath}));

@@ -110,6 +110,12 @@ std::vector<CRef<CCorvaneRecord>> CCorvaneRecord::DisconnectReferencees()
     return children;
 }
 
+void CCorvaneRecord::MarkReferenceesModified()
+{
+    for (const CRef<CCorvaneRecord>& child : m_Referencees)
+        child->SetModified(true);
+}
+
 void CCorvaneRecord::LeaveTree()
 {
     if (IRecordDocument* document = std::exchange(m_pDocument, nullptr))

@@ -68,6 +68,8 @@ public:
     bool DisconnectReferencee(CCorvaneRecord& child);
     // Disconnects all referencees, the last one first, and returns them in the order of the list.
     std::vector<CRef<CCorvaneRecord>> DisconnectReferencees();
+    // For a new path of this record, which the files of the referencees name.
+    void MarkReferenceesModified();
     // For a record that leaves the tree and may come back: its document closes, and its parent forgets it.
     // The record itself remembers the parent.
     void LeaveTree();

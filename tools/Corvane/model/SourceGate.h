@@ -82,6 +82,8 @@ public:
     [[nodiscard]] virtual bool UndoCheckOut(std::u16string_view) { return false; }
     [[nodiscard]] virtual bool CheckIn(std::u16string_view) { return false; }
     [[nodiscard]] virtual bool AddFile(std::u16string_view) { return false; }
+    // Puts the record's file under source control, once the record is saved.
+    [[nodiscard]] virtual bool AddRecord(CCorvaneRecord&) { return false; }
     [[nodiscard]] virtual bool AddCategoryTree(CCorvaneCategory&) { return false; }
     [[nodiscard]] virtual bool Rename(CCorvaneRecord&, std::u16string_view) { return false; }
     [[nodiscard]] virtual bool Move(CCorvaneRecord&, CCorvaneCategory&) { return false; }

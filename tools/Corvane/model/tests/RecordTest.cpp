@@ -11,326 +11,228 @@ namespace fs = std::filesystem;
 
 namespace
 {
-class CTestWindow final : public IRecordDocument
-{
-public:
-    void OnRecordGone(CCorvaneRecord&) override { ++m_nGone; }
-    void UpdateViews(ERecordUpdate) override {}
-    int m_nGone = 0;
-};
-
-class Records : public testing::Test, protected CTestDatabase
+class Records : public testing::Test, protected CTestDatabase, protected IRecordDocument
 {
 protected:
     void SetUp() override
     {
-        AddSchema("S", "[Attrib.T.0]\nType=Text\nValues=1\nDefault=t\nInherit=True\n\n"
-                       "[Attrib.L.0]\nType=RecordLink\nValues=1\nInherit=False\nData=S\n\n");
+        AddSchema("S", "[Attrib.T.0]\nType=Text\nInherit=True\n\n[Attrib.L.0]\nType=RecordLink\nData=S\n\n");
         AddSchema("Other", "");
+        AddCategory("X", "Other");
         for (const char* category : {"C", "C/D", "E"})
             AddCategory(category, "S");
-        AddCategory("X", "Other");
         AddRecord("C/Top", "S", "[Attrib.T]\nValue.0000=top\n", "Comment=c\n");
         AddRecord("C/Kid", "S", "[Hierarchy]\nRecord=C/Top\n[Attrib.T]\nInherit=True\nValue.0000=top\n");
-        AddRecord("C/Toe", "S", "[Hierarchy]\nRecord=C/Top\n[Attrib.T]\nInherit=True\nValue.0000=top\n");
         AddRecord("C/Far", "S", "[Attrib.L]\nValue.0000=C/Top\n", "VirtualRelativeCategory=V\n");
         AddRecord("E/End", "S");
-        ASSERT_TRUE(Open());
-        m_Questions.Clear();
+        ASSERT_TRUE(Open() && Get().SaveDatabase({}, true));
         m_Events.clear();
+        m_Before = TakeSnapshot();
     }
+    void OnRecordGone(CCorvaneRecord&) override { ++m_nClosed; }
+    void UpdateViews(ERecordUpdate) override {}
 
     // Runs a command in an undo group of its own.
-    template <class Command> auto Do(Command command)
+    template <class Command> bool Do(Command command)
     {
         CUndoScope scope(m_Undo);
-        const auto result = command();
-        scope.Accept(u"command");
-        return result;
+        const bool done = command();
+        if (done)
+            scope.Accept(u"command");
+        return done;
     }
-    bool Delete(CCorvaneRecord& record)
+    bool Insert(std::string_view category)
     {
-        return Do([&] { return Get().DeleteRecord(record, true); });
+        return Do([&] { return Get().InsertRecord(&Category(category)) != nullptr; });
+    }
+    bool Delete(std::string_view path)
+    {
+        return Do([&] { return Get().DeleteRecord(Record(path), true); });
     }
     bool Rename(CCorvaneRecord& record, std::u16string_view name)
     {
         return Do([&] { return Get().RenameRecord(record, name); });
     }
+    bool Move(std::string_view path, std::string_view category)
+    {
+        return Do([&] { return Get().MoveRecord(&Category(category), Record(path), false); });
+    }
     // Events and titles since the last call.
     std::string TakeNews()
     {
         std::string news;
-        for (const int event : m_Events)
+        for (const int event : std::exchange(m_Events, {}))
             news += std::to_string(event) + " ";
         news += GetTitles();
-        m_Events.clear();
         m_Questions.Clear();
         return news;
     }
-    // Names of the record files below the directory, each followed by a blank.
-    std::string List(std::string_view directory) const
+    // The same, the records, and what a save changes on disk.
+    std::string Save()
     {
-        std::vector<std::string> names;
-        for (const fs::directory_entry& entry : fs::directory_iterator(GetPath(directory)))
-            names.push_back(entry.path().filename().string());
-        std::sort(names.begin(), names.end());
-        std::string list;
-        for (const std::string& name : names)
-            list += name.ends_with(".category") || name == "D" ? "" : name + " ";
-        return list;
+        const std::string news = TakeNews() + "| " + GetRecordList() + "|";
+        EXPECT_TRUE(Get().SaveDatabase({}, false));
+        std::string changes = GetChanges(m_Before);
+        for (std::size_t at; (at = changes.find("Game/Database/")) != std::string::npos;)
+            changes.replace(at, 14, " ");
+        m_Before = TakeSnapshot();
+        m_Events.clear();
+        return news + changes;
     }
-    std::string Insert(std::string_view category)
-    {
-        const CCorvaneRecord* record = Do([&] { return Get().InsertRecord(&Category(category)); });
-        return record ? ToNarrow(record->GetName()) : "none";
-    }
-    CTestWindow m_Window;
-    bool Save() { return Get().SaveDatabase({}, false); }
+
+    Snapshot m_Before;
+    int m_nClosed = 0;
 };
 } // namespace
 
-TEST_F(Records, InsertNumbersNames)
+TEST_F(Records, InsertNumbersNamesAndARedoBringsBackAnEmptiedRecord)
 {
-    EXPECT_EQ(Insert("C"), "New Record");
-    EXPECT_EQ(Insert("C/V"), "New Record (2)");
-    EXPECT_EQ(Insert("C"), "New Record (3)");
-    EXPECT_EQ(TakeNews(), "29 33 29 33 29 33 ");
-    ASSERT_TRUE(Get().DeleteRecord(Record("C/New Record"), true) &&
-                Get().RenameRecord(Record("C/New Record (3)"), u"NEW RECORD"));
-    EXPECT_EQ(Insert("C"), "New Record (3)");
-    EXPECT_EQ(Insert("C/D"), "New Record");
-    EXPECT_TRUE(Record("C/New Record (3)").TestFlag(RECORD_FLAG_MODIFIED) && Get().IsDirty());
-    EXPECT_TRUE(Save());
-    EXPECT_EQ(List("C"), "Far.record Kid.record NEW RECORD.record New Record (2).record "
-                         "New Record (3).record Toe.record Top.record ");
-}
-
-TEST_F(Records, RedoOfAnInsertBringsBackAnEmptiedRecord)
-{
-    Insert("C");
-    ASSERT_TRUE(Do([&] { return Attrib("C/New Record", "T").SetValue(0, u"x"); }) && m_Undo.Undo(2));
-    EXPECT_EQ(TakeNews(), "29 33 30 31 ");
-    ASSERT_TRUE(m_Undo.Redo(1));
-    EXPECT_EQ(TakeNews(), "29 ");
-    const CCorvaneRecord& record = *Category("C").GetRecords().back();
+    ASSERT_TRUE(Insert("C") && Insert("C/V") && Insert("C") &&
+                Get().DeleteRecord(Record("C/New Record"), true) &&
+                Rename(Record("C/New Record (3)"), u"NEW RECORD") && Insert("C") && Insert("C/D"));
+    EXPECT_EQ(Save(), "29 33 29 33 29 33 30 31 36 29 33 29 33 | C/Kid C/Top C/NEW RECORD C/New Record (3) "
+                      "C/D/New Record C/V/Far C/V/New Record (2) E/End | C/D/New Record.record; "
+                      "C/NEW RECORD.record; C/New Record (2).record; C/New Record (3).record;");
+    ASSERT_TRUE(m_Undo.Undo(1) && m_Undo.Redo(1));
+    const CCorvaneRecord& record = *Category("C/D").GetRecords().back();
     EXPECT_TRUE(record.GetName().empty() && record.GetAttributeList().empty() && record.IsInTree());
-    static_cast<void>(m_Undo.Redo(1)); // The value of a record that has lost it.
-    EXPECT_TRUE(Save() && m_Undo.Undo(2));
-    EXPECT_EQ(GetRecordList(), "C/Kid C/Toe C/Top C/V/Far E/End ");
+    EXPECT_EQ(Save(), "30 31 29 | C/Kid C/Top C/NEW RECORD C/New Record (3) C/D C/V/Far C/V/New Record (2) "
+                      "E/End | C/D/New Record.record;");
 }
 
 TEST_F(Records, DeleteAsksThenDisconnectsAndComesBackWhole)
 {
-    CCorvaneRecord& top = Record("C/Top");
-    top.SetDocument(&m_Window);
-    ASSERT_TRUE(top.SaveToFile(true));
-    const std::string before = Read("C/Top.record");
     m_Questions.Prepare(u"Record Dependencies", {EAnswer::No, EAnswer::Yes});
     m_Questions.Prepare(u"Record References", {EAnswer::No, EAnswer::Yes});
-    EXPECT_FALSE(Get().DeleteRecord(top, true));
-    EXPECT_EQ(TakeNews(), "30 RecordLink Dependency;Record Dependencies;");
-    EXPECT_FALSE(Get().DeleteRecord(top, true));
-    EXPECT_EQ(
-        GetQuestion("Record References"),
-        "The record 'Top' is referenced by the following records:\n\nKid\nToe\n\nAre you sure you want to "
-        "delete this record and disconnect the referenced records?");
-    EXPECT_EQ(GetQuestion("Record Dependencies"),
-              "The record 'Top' contains dependencies.  Are you sure you want to delete this record?");
-    EXPECT_EQ(top.GetReferencees().size(), 2U);
-    TakeNews();
-
-    ASSERT_TRUE(Delete(top));
-    EXPECT_EQ(TakeNews(), "30 31 RecordLink Dependency;Record Dependencies;Record References;");
-    EXPECT_EQ(Value("C/V/Far", "L"), "<none>");
-    EXPECT_EQ(Record("C/Kid").GetParent(), nullptr);
-    EXPECT_TRUE(Record("C/Kid").TestFlag(RECORD_FLAG_MODIFIED));
-    EXPECT_EQ(List("C"), "Far.record Kid.record Toe.record ");
-    EXPECT_EQ(m_Window.m_nGone, 1);
-    EXPECT_FALSE(Get().DeleteRecord(top, false));
-
-    ASSERT_TRUE(m_Undo.Undo(1) && Save());
-    EXPECT_EQ(Read("C/Top.record"), before);
-    EXPECT_TRUE(top.GetReferencees().empty());
-    TakeNews();
+    Record("C/Top").SetDocument(this);
+    EXPECT_FALSE(Delete("C/Top") || Delete("C/Top"));
+    EXPECT_EQ(GetQuestion("Record References"),
+              "The record 'Top' is referenced by the following records:\n\nKid\n"
+              "\nAre you sure you want to delete this record and disconnect "
+              "the referenced records?");
+    EXPECT_EQ(Save(), "30 30 RecordLink Dependency;Record Dependencies;RecordLink Dependency;Record "
+                      "Dependencies;Record References;| C/Kid C/Top C/V/Far E/End |");
+    const std::string whole = Read("C/Top.record");
+    ASSERT_TRUE(Delete("C/Top"));
+    EXPECT_EQ(Save(),
+              "30 31 RecordLink Dependency;Record Dependencies;Record References;| C/Kid C/V/Far E/End "
+              "| C/Far.record; C/Kid.record; C/Top.record;");
+    EXPECT_EQ(m_nClosed, 1);
+    ASSERT_TRUE(m_Undo.Undo(1));
+    EXPECT_EQ(Save(), "29 | C/Kid C/Top C/V/Far E/End | C/Far.record; C/Top.record;");
+    EXPECT_EQ(Read("C/Top.record"), whole);
     ASSERT_TRUE(m_Undo.Redo(1) && m_Undo.Undo(1));
-    EXPECT_EQ(TakeNews(), "30 31 29 ");
-    EXPECT_TRUE(top.GetName().empty() && top.GetAttributeList().empty());
+    EXPECT_TRUE(Category("C").GetRecords().back()->GetAttributeList().empty());
 }
 
 TEST_F(Records, AReferenceComesBackToItsParentAsLongAsThatIsThere)
 {
-    CCorvaneRecord& kid = Record("C/Kid");
-    ASSERT_TRUE(Delete(kid));
-    EXPECT_EQ(Record("C/Top").GetReferencees().size(), 1U) << "nobody asks for a deleted record";
-    ASSERT_TRUE(m_Undo.Undo(1));
-    EXPECT_EQ(Record("C/Top").GetReferencees().size(), 2U);
+    ASSERT_TRUE(Delete("C/Kid") && Record("C/Top").GetReferencees().empty() && m_Undo.Undo(1));
     ASSERT_TRUE(Attrib("C/Top", "T").SetValue(0, u"more"));
     EXPECT_EQ(Value("C/Kid", "T"), "more");
-
-    ASSERT_TRUE(Delete(Record("C/Toe")) && Get().DeleteRecord(Record("C/Top"), false) && m_Undo.Undo(1));
-    EXPECT_EQ(Record("C/Toe").GetParent(), nullptr);
-    EXPECT_FALSE(Attrib("C/Toe", "T").GetInherit());
+    ASSERT_TRUE(Delete("C/Kid") && Get().DeleteRecord(Record("C/Top"), false) && m_Undo.Undo(1));
+    EXPECT_FALSE(Record("C/Kid").GetParent() || Attrib("C/Kid", "T").GetInherit());
 }
 
-TEST_F(Records, ACancelledCommandLeavesTheTreeAsItWas)
+TEST_F(Records, AFileThatCannotGoKeepsItsRecordAndAnUndoTakesNobodysFile)
 {
-    const std::string before = GetRecordList();
-    {
-        const CUndoScope scope(m_Undo);
-        ASSERT_TRUE(Get().DeleteRecord(Record("E/End"), true) && Get().InsertRecord(&Category("E")) &&
-                    Get().RenameRecord(Record("C/Kid"), u"x"));
-    }
-    EXPECT_EQ(GetRecordList(), before);
-    EXPECT_EQ(Value("E/End", "T"), "t");
-}
-
-TEST_F(Records, AFileThatCannotGoKeepsItsRecord)
-{
-    CCorvaneRecord& top = Record("C/Top");
     m_Services.m_bBin = false;
     m_Failure = [](EFileOperation operation, std::u16string_view)
     { return operation == EFileOperation::Remove ? EFileError::AccessDenied : EFileError::None; };
     m_Questions.Prepare(u"Recycle Bin", {EAnswer::No, EAnswer::Yes});
-    EXPECT_FALSE(Get().DeleteRecord(top, false) || Get().DeleteRecord(top, false));
-    EXPECT_EQ(TakeNews(),
-              "30 30 RecordLink Dependency;Recycle Bin;RecordLink Dependency;Recycle Bin;Recycle Bin;");
-    EXPECT_EQ(top.GetReferencees().size(), 2U);
-    EXPECT_EQ(GetRecordList(), "C/Kid C/Toe C/Top C/V/Far E/End ");
+    EXPECT_FALSE(Delete("E/End") || Delete("E/End"));
     m_Failure = nullptr;
-    EXPECT_TRUE(Get().DeleteRecord(top, false));
-    EXPECT_EQ(List("C"), "Far.record Kid.record Toe.record ");
-
-    // What is not the record's file stays: nothing, a directory, and everything during a reload.
-    fs::remove(GetPath("C/Kid.record"));
-    fs::remove(GetPath("C/Toe.record"));
-    fs::create_directory(GetPath("C/Toe.record"));
-    m_Services.m_Calls.clear();
-    EXPECT_TRUE(Get().DeleteRecord(Record("C/Kid"), true) && Get().DeleteRecord(Record("C/Toe"), true));
-    const CStateScope reloading(m_Run, APP_RELOADING);
-    EXPECT_TRUE(Get().DeleteRecord(Record("C/V/Far"), true));
-    EXPECT_TRUE(m_Services.m_Calls.empty());
-    EXPECT_EQ(List("C"), "Far.record Toe.record ");
-}
-
-TEST_F(Records, AReinsertedRecordNeverTakesAnothersNameOrFile)
-{
-    CCorvaneRecord& end = Record("E/End");
-    ASSERT_TRUE(Delete(end));
+    EXPECT_EQ(Save(), "30 30 Recycle Bin;Recycle Bin;Recycle Bin;| C/Kid C/Top C/V/Far E/End |");
+    ASSERT_TRUE(Delete("E/End"));
     AddRecord("E/End", "S", "[Attrib.T]\nValue.0000=other\n");
-    ASSERT_TRUE(Get().AddRecordFile(GetText("E/End.record"), Category("E")));
-    ASSERT_TRUE(m_Undo.Undo(1) && Save());
-    EXPECT_EQ(GetRecordList(), "C/Kid C/Toe C/Top C/V/Far E/End E/End (2) ");
-    EXPECT_EQ(List("E"), "End (2).record End.record ");
-    EXPECT_EQ(Value("E/End", "T") + Value("E/End (2)", "T"), "othert");
-
-    // A file that came back from the bin is the record's own.
-    ASSERT_TRUE(Rename(end, u"Own") && Save());
-    fs::copy(GetPath("E/Own.record"), GetPath("kept"));
-    fs::last_write_time(GetPath("kept"), fs::last_write_time(GetPath("E/Own.record")));
-    ASSERT_TRUE(Delete(end));
-    fs::rename(GetPath("kept"), GetPath("E/Own.record"));
-    ASSERT_TRUE(m_Undo.Undo(1) && Get().SaveDatabase({}, true));
-    EXPECT_EQ(List("E"), "End.record Own.record ");
+    ASSERT_TRUE(Get().AddRecordFile(GetText("E/End.record"), Category("E")) && m_Undo.Undo(1));
+    m_Before = TakeSnapshot();
+    EXPECT_EQ(Save(), "30 31 29 29 Recycle Bin;| C/Kid C/Top C/V/Far E/End E/End (2) | E/End (2).record;");
+    // A directory in the file's place is no file of the record.
+    fs::remove(GetPath("C/Far.record"));
+    fs::create_directory(GetPath("C/Far.record"));
+    EXPECT_TRUE(Delete("C/V/Far") && fs::is_directory(GetPath("C/Far.record")));
 }
 
 TEST_F(Records, CopiesBelongToTheirSourceOrStandAlone)
 {
-    CCorvaneCategory& c = Category("C");
     CCorvaneRecord& kid = Record("C/Kid");
-    kid.SetDocument(&m_Window);
-    Do(
-        [&] {
-            return Get().CopyRecord_Clone(&c, &kid, true) &&
-                   Get().CopyRecord_Reference(&c, &Record("C/Top"), true);
-        });
-    EXPECT_EQ(TakeNews(), "29 33 29 33 ");
-    CCorvaneRecord& clone = Record("C/Clone of Kid");
-    CCorvaneRecord& reference = Record("C/Reference of Top");
-    EXPECT_TRUE(clone.GetFile().empty() && clone.TestFlag(RECORD_FLAG_MODIFIED) && !clone.GetDocument());
-    EXPECT_TRUE(reference.GetComment().empty() && !Attrib("C/Reference of Top", "L").GetInherit());
-    ASSERT_TRUE(Attrib("C/Top", "T").SetValue(0, u"more"));
+    EXPECT_FALSE(Get().CopyRecord_Clone(&Category("X"), &kid, true));
+    ASSERT_TRUE(Do([&] { return Get().CopyRecord_Clone(&Category("C"), &kid, true) != nullptr; }));
+    ASSERT_TRUE(Get().CopyRecord_Reference(&Category("C/V"), &Record("C/Top"), true) &&
+                Attrib("C/Top", "T").SetValue(0, u"more"));
     EXPECT_EQ(Value("C/Clone of Kid", "T") + Value("C/Reference of Top", "T"), "moremore");
-    EXPECT_EQ(Record("C/Top").GetReferencees().size(), 4U) << "a clone of a referencee is one too";
-
-    EXPECT_EQ(Get().CopyRecord_Clone(&Category("X"), &kid, true), nullptr);
-    EXPECT_EQ(Get().CopyRecord_Reference(&Category("X"), &kid, true), nullptr);
-    ASSERT_NE(Get().CopyRecord_Clone(&Category("C/V"), &kid, false), nullptr);
-    EXPECT_EQ(Category("C/V").GetRecords().back()->GetName(), u"Kid (2)");
-    ASSERT_TRUE(Save());
-    EXPECT_EQ(List("C"), "Clone of Kid.record Far.record Kid (2).record Kid.record Reference of Top.record "
-                         "Toe.record Top.record ");
-    ASSERT_TRUE(m_Undo.Undo(1));
-    EXPECT_EQ(Record("C/Top").GetReferencees().size(), 3U);
-    EXPECT_EQ(m_Window.m_nGone, 0);
+    EXPECT_EQ(Save(),
+              "29 33 29 33 | C/Kid C/Top C/Clone of Kid C/V/Far C/V/Reference of Top E/End | C/Clone of "
+              "Kid.record; C/Reference of Top.record; C/Top.record;");
+    EXPECT_TRUE(Record("C/Reference of Top").GetComment().empty() && m_Undo.Undo(1));
+    EXPECT_EQ(Record("C/Top").GetReferencees().size(), 2U);
 }
 
 TEST_F(Records, RenameTakesTheFileAndTheLinksAlong)
 {
     CCorvaneRecord& top = Record("C/Top");
-    ASSERT_TRUE(Rename(top, u"Peak"));
-    EXPECT_EQ(TakeNews(), "36 ");
-    EXPECT_EQ(Value("C/V/Far", "L"), "C/Peak");
-    ASSERT_TRUE(Save() && m_Undo.HasEntries());
-    EXPECT_NE(Read("C/Kid.record").find("Record=C/Peak"), std::string::npos);
-    struct
-    {
-        std::u16string_view m_sName;
-        std::string_view m_sFile;
-    } constexpr kNames[] = {
-        {u"PEAK", "PEAK.record"}, // A new spelling is no other file.
-        {u"Kid2", "Kid2 (2).record"}, {u"a/b:c", "a_b_c.record"}, {u"", "_.record"}, {u"..", "_.record"},
-    };
-    WriteBytes("C/KID2.record", "somebody's");
-    for (const auto& [name, file] : kNames)
-    {
-        ASSERT_TRUE(Rename(top, name));
-        EXPECT_TRUE(fs::exists(GetPath("C/" + std::string(file)))) << file << " in " << List("C");
-    }
-    EXPECT_EQ(m_Scratch.ReadBytes("Game/Database/C/KID2.record"), "somebody's");
-    ASSERT_TRUE(m_Undo.Undo(6));
-    EXPECT_EQ(ToNarrow(top.GetName()) + " " + ToNarrow(top.GetFile().substr(top.GetFile().size() - 10)),
-              "Top Top.record");
-    ASSERT_TRUE(m_Undo.Redo(1));
-    EXPECT_EQ(Value("C/V/Far", "L"), "C/Peak");
-    EXPECT_TRUE(fs::exists(GetPath("C/Peak.record")));
-}
-
-TEST_F(Records, AFileThatCannotBeRenamedKeepsItsName)
-{
-    CCorvaneRecord& kid = Record("C/Kid");
-    m_Failure = [](EFileOperation operation, std::u16string_view)
-    { return operation == EFileOperation::Rename ? EFileError::AccessDenied : EFileError::None; };
-    ASSERT_TRUE(Rename(kid, u"a"));
-    m_Failure = nullptr;
-    ASSERT_TRUE(Save());
-    EXPECT_EQ(List("C"), "Far.record Kid.record Toe.record Top.record ");
-    m_Gate.m_bConnected = true;
-    ASSERT_TRUE(Rename(kid, u"b"));
-    m_Gate.m_bGrant = false;
-    EXPECT_FALSE(Get().RenameRecord(kid, u"c"));
-    m_Gate.m_bConnected = false;
-    EXPECT_EQ(List("C"), "Far.record Kid.record Toe.record Top.record ");
-    // One that has vanished is written under the new name; a directory in its place stays.
-    fs::remove(GetPath("C/Kid.record"));
-    fs::remove(GetPath("C/Toe.record"));
-    fs::create_directory(GetPath("C/Toe.record"));
-    ASSERT_TRUE(Rename(kid, u"d") && Rename(Record("C/Toe"), u"e"));
-    EXPECT_EQ(List("C"), "Far.record Toe.record Top.record ");
-    EXPECT_TRUE(kid.SaveToFile(true));
-    EXPECT_EQ(List("C"), "Far.record Toe.record Top.record d.record ");
-}
-
-TEST_F(Records, TheTestOfANewNameHasItsWords)
-{
-    const CCorvaneRecord& top = Record("C/Top");
-    EXPECT_TRUE(Get().CheckRecordRename(top, u"TOP") && Get().CheckRecordRename(top, u"End"));
-    EXPECT_FALSE(Get().CheckRecordRename(top, u"FAR"));
+    EXPECT_FALSE(Get().CheckRecordRename(top, u"FAR") || !Get().CheckRecordRename(top, u"TOP"));
     EXPECT_EQ(
         GetQuestion("Error renaming record"),
         "Cannot rename Top: A record with the name you specified already exists in the virtual category "
         "namespace. Specify a different name.");
-    m_Run.m_bSilent = true;
-    EXPECT_FALSE(Get().CheckRecordRename(top, u"kid"));
-    m_Run.m_bSilent = false;
-    EXPECT_EQ(TakeNews(), "Error renaming record;");
+    WriteBytes("C/KID2.record", "somebody's");
+    constexpr std::u16string_view kNames[] = {u"Peak", u"PEAK", u"Kid2", u"a/b", u"..", u"Peak"};
+    constexpr std::string_view kFiles[] = {"Peak", "PEAK", "Kid2 (2)", "a_b", "_", "Peak"};
+    for (std::size_t i = 0; i < std::size(kNames); ++i)
+    {
+        ASSERT_TRUE(Rename(top, kNames[i]));
+        EXPECT_EQ(ToNarrow(top.GetFile()), GetPath("C/" + std::string(kFiles[i]) + ".record"));
+    }
+    const std::string files = " C/Far.record; C/KID2.record; C/Kid.record; C/Peak.record; C/Top.record;";
+    EXPECT_EQ(Save(), "36 36 36 36 36 36 Error renaming record;| C/Kid C/Peak C/V/Far E/End |" + files);
+    EXPECT_EQ(Value("C/V/Far", "L"), "C/Peak");
+    // What cannot be renamed keeps its name.
+    m_Failure = [](EFileOperation operation, std::u16string_view)
+    { return operation == EFileOperation::Rename ? EFileError::AccessDenied : EFileError::None; };
+    ASSERT_TRUE(Rename(top, u"Summit") && ToNarrow(top.GetFile()) == GetPath("C/Peak.record"));
+    m_Failure = nullptr;
+    ASSERT_TRUE(m_Undo.Undo(7));
+    EXPECT_EQ(ToNarrow(top.GetFile()), GetPath("C/Top.record"));
+}
+
+TEST_F(Records, AMoveWritesTheNewFileAndItsUndoTakesTheOldOneBack)
+{
+    CCorvaneRecord& kid = Record("C/Kid");
+    ASSERT_TRUE(Insert("E") && Rename(Record("E/New Record"), u"KID") && Move("C/Kid", "E"));
+    EXPECT_EQ(Save(), "29 33 36 34 35 | C/Top C/V/Far E/End E/KID E/Kid (2) | E/KID (2).record; E/Kid.record;");
+    ASSERT_TRUE(m_Undo.Undo(1));
+    EXPECT_EQ(Save(), "34 35 | C/Top C/Kid C/V/Far E/End E/KID |");
+    AddRecord("C/Kid", "S", "[Attrib.T]\nValue.0000=other\n"); // A changed file is somebody else's by now.
+    ASSERT_TRUE(m_Undo.Redo(1) && m_Undo.Undo(1));
+    EXPECT_EQ(ToNarrow(kid.GetFile()), GetPath("C/Kid (2).record"));
+    // Inside a directory only a key changes.
+    m_Questions.Prepare(u"Record Dependencies", {EAnswer::Yes});
+    Save();
+    ASSERT_TRUE(Move("C/Top", "C/V"));
+    EXPECT_EQ(Save(), "34 35 RecordLink Dependency;Record Dependencies;| C/Kid C/V/Far C/V/Top E/End E/KID | "
+                      "C/Top.record;");
+}
+
+TEST_F(Records, ARefusedMoveLeavesEverythingAsItWas)
+{
+    EXPECT_FALSE(Move("C/Top", "C") || Move("C/Top", "X") || Move("C/Top", "E"));
+    m_Failure = [](EFileOperation operation, std::u16string_view)
+    { return operation == EFileOperation::CreateDirectory ? EFileError::DiskFull : EFileError::None; };
+    EXPECT_FALSE(Move("E/End", "C"));
+    m_Failure = nullptr;
+    m_Gate.m_bConnected = true;
+    // The directory, the check-out, the new category, the move of the file.
+    for (int grants = 0; grants < 4; ++grants)
+    {
+        m_Gate.m_nGrants = grants;
+        EXPECT_FALSE(Move("C/Kid", "E"));
+    }
+    EXPECT_EQ(m_Gate.m_nAsked, 1 + 2 + 3 + 4);
+    m_Gate.m_bConnected = false;
+    EXPECT_EQ(Save(),
+              "34 34 34 34 34 34 Move Record Failed;RecordLink Dependency;Record Dependencies;Move Record "
+              "Failed;| C/Kid C/Top C/V/Far E/End |");
+    EXPECT_FALSE(m_Run.Test(APP_MOVING) || m_Undo.HasEntries());
 }
