@@ -7,6 +7,7 @@
 #include "DiskFileSystem.h"
 #include "FormatText.h"
 #include "Measurement.h"
+#include "UndoScope.h"
 #include "recordlink/CorvaneTypeRecordLink.h"
 #include "recordlink/RecordLinkList.h"
 
@@ -211,6 +212,28 @@ bool MeasureQuestions(CLinkedRecords& records, SMeasurement& out)
     return good && manager.Notify(MakeQuestionEvent(records, 0)) != 0 &&
            AskAll(manager, MakeQuestionEvent(records, 0)) != 0;
 }
+
+// Inserts all into one category, where each has to find a name of its own; deletes records all over the
+// database that nothing links to. Both give restore points, as a user's commands do.
+bool MeasureOperations(CLinkedRecords& records, SMeasurement& out)
+{
+    CCorvaneMgr& manager = records.GetManager();
+    CUndoScope scope(records.GetHost().GetUndo());
+    bool good = scope.IsOpen();
+    CClock::time_point start = CClock::now();
+    for (std::size_t i = 0; i < kQuestions; ++i)
+        good = manager.InsertRecord(records.GetRecord(0).GetCategory()) != nullptr && good;
+    out.m_nInsertMs = MillisecondsSince(start) / static_cast<double>(kQuestions);
+
+    const std::size_t step = std::max<std::size_t>(records.GetCount() / kQuestions / 2, 1) * 2;
+    std::size_t deleted = 0;
+    start = CClock::now();
+    for (std::size_t i = 1; i < records.GetCount(); i += step, ++deleted)
+        good = manager.DeleteRecord(records.GetRecord(i), true) && good;
+    out.m_nDeleteMs = MillisecondsSince(start) / static_cast<double>(deleted);
+    scope.Accept(u"");
+    return good;
+}
 } // namespace
 
 bool MeasureLinks(const std::filesystem::path& directory, std::size_t records, SMeasurement& out)
@@ -228,7 +251,7 @@ bool MeasureLinks(const std::filesystem::path& directory, std::size_t records, S
         CLinkedRecords links(directory, "RecordLink", records);
         out.m_nLinkPassMs = links.MeasurePass();
         return out.m_nTextPassMs > 0 && out.m_nNearLinkPassMs > 0 && out.m_nLinkPassMs > 0 &&
-               MeasureQuestions(links, out);
+               MeasureQuestions(links, out) && MeasureOperations(links, out);
     }
     catch (const std::exception& failure)
     {

@@ -47,6 +47,8 @@ constexpr SField kFields[] = {
     {"near_link_pass_ms", &SMeasurement::m_nNearLinkPassMs},
     {"first_question_ms", &SMeasurement::m_nFirstQuestionMs},
     {"question_ms", &SMeasurement::m_nQuestionMs},
+    {"insert_ms", &SMeasurement::m_nInsertMs},
+    {"delete_ms", &SMeasurement::m_nDeleteMs},
     {"round_ms", &SMeasurement::m_nRoundMs},
 };
 

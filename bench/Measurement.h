@@ -33,6 +33,8 @@ struct SMeasurement
     double m_nFirstQuestionMs = 0; // Whether a record may be deleted, with the making of the index.
     double m_nQuestionMs = 0;      // The same with the index.
     double m_nRoundMs = 0;         // The same by a round over all links.
+    double m_nInsertMs = 0;        // One of a thousand records that are inserted into one category.
+    double m_nDeleteMs = 0;        // A record that nothing links to, with its restore point.
 };
 
 enum class EMeasure

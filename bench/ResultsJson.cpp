@@ -139,6 +139,8 @@ void WriteLinks(std::ostream& out, const SLinkResult& result)
     WriteSpread(links, "first_question_ms", result.GetSpread(&SMeasurement::m_nFirstQuestionMs));
     WriteSpread(links, "question_ms", result.GetSpread(&SMeasurement::m_nQuestionMs));
     WriteSpread(links, "question_by_round_ms", result.GetSpread(&SMeasurement::m_nRoundMs));
+    WriteSpread(links, "insert_ms", result.GetSpread(&SMeasurement::m_nInsertMs));
+    WriteSpread(links, "delete_ms", result.GetSpread(&SMeasurement::m_nDeleteMs));
 }
 
 void WriteCompression(std::ostream& out, const SCompressionResult& result)

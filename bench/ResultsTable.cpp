@@ -70,6 +70,8 @@ void PrintLinks(std::ostream& out, const SLinkResult& result)
     PrintRow(out, "first question before a delete", least(&SMeasurement::m_nFirstQuestionMs), "ms");
     PrintRow(out, "a later question", least(&SMeasurement::m_nQuestionMs) * 1000, "us");
     PrintRow(out, "a question by a round over all links", least(&SMeasurement::m_nRoundMs) * 1000, "us");
+    PrintRow(out, "an insert of a record", least(&SMeasurement::m_nInsertMs) * 1000, "us");
+    PrintRow(out, "a delete of a record without links to it", least(&SMeasurement::m_nDeleteMs) * 1000, "us");
 }
 
 void PrintCompression(std::ostream& out, const SCompressionResult& result)
