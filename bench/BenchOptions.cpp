@@ -73,6 +73,8 @@ constexpr SOption kOptions[] = {
      [](SBenchOptions& options, std::string_view value) { return ParseSizes(value, options.m_Sizes); }},
     {"--links",
      [](SBenchOptions& options, std::string_view value) { return ParseSizes(value, options.m_LinkSizes); }},
+    {"--references", [](SBenchOptions& options, std::string_view value)
+     { return ParseSizes(value, options.m_ReferenceSizes); }},
     {"--stream", [](SBenchOptions& options, std::string_view value)
      { return ParseCount(value, options.m_nStreamBytes); }},
     {"--repeat",
@@ -132,6 +134,8 @@ std::string_view GetBenchHelp()
            "\n"
            "  --sizes N,N,...  counts of records, 20 attributes each (1000,10000,100000)\n"
            "  --links N,N,...  the same for the measurement of record links (1000,100000)\n"
+           "  --references N,N,...\n"
+           "                   counts of references in a resource database (100000,1000000)\n"
            "  --stream N       bytes of each compressed stream (4000000)\n"
            "  --repeat N       rounds for each size (5)\n"
            "  --dir DIR        make the databases below DIR and remove them afterwards\n"

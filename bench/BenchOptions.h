@@ -15,6 +15,7 @@ struct SBenchOptions
 {
     std::vector<std::size_t> m_Sizes{1000, 10000, 100000};
     std::vector<std::size_t> m_LinkSizes{1000, 100000};
+    std::vector<std::size_t> m_ReferenceSizes{100000, 1000000};
     std::size_t m_nStreamBytes = 4000000;
     std::size_t m_nRepeat = 5;
     std::filesystem::path m_Directory; // Empty: a fresh one below the system's temporary directory.

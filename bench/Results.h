@@ -3,6 +3,7 @@
 
 #include "CompressionMeasurement.h"
 #include "Measurement.h"
+#include "ReferenceMeasurement.h"
 
 #include <cstddef>
 #include <iosfwd>
@@ -48,6 +49,7 @@ struct SBenchResults
 {
     std::vector<SSizeResult> m_Sizes;
     std::vector<SLinkResult> m_Links;
+    std::vector<SReferenceResult> m_References;
     std::vector<SCompressionResult> m_Compression;
 };
 

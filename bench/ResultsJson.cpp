@@ -143,6 +143,15 @@ void WriteLinks(std::ostream& out, const SLinkResult& result)
     WriteSpread(links, "delete_ms", result.GetSpread(&SMeasurement::m_nDeleteMs));
 }
 
+void WriteReferences(std::ostream& out, const SReferenceResult& result)
+{
+    CJsonObject references(out, 2);
+    references.Number("references", static_cast<double>(result.m_nReferences));
+    references.Number("rounds", static_cast<double>(result.m_Rounds.size()));
+    for (const SReferenceTime& time : kReferenceTimes)
+        references.Number(std::string(time.m_pJson) + "_ns", result.GetNanoseconds(time.m_pValue));
+}
+
 void WriteCompression(std::ostream& out, const SCompressionResult& result)
 {
     CJsonObject compression(out, 2);
@@ -187,6 +196,7 @@ void WriteJson(std::ostream& out, const SBenchResults& results)
         WriteMachine(top.Name("machine"));
         WriteList(top.Name("sizes"), results.m_Sizes, WriteSize);
         WriteList(top.Name("links"), results.m_Links, WriteLinks);
+        WriteList(top.Name("references"), results.m_References, WriteReferences);
         WriteList(top.Name("compression"), results.m_Compression, WriteCompression);
         WriteList(top.Name("goals"), MakeGoals(results.m_Sizes), WriteGoal);
     }

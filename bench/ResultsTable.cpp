@@ -74,6 +74,23 @@ void PrintLinks(std::ostream& out, const SLinkResult& result)
     PrintRow(out, "a delete of a record without links to it", least(&SMeasurement::m_nDeleteMs) * 1000, "us");
 }
 
+// Behind the first size, each time stands beside that of the first.
+void PrintReferences(std::ostream& out, const std::vector<SReferenceResult>& results)
+{
+    for (const SReferenceResult& result : results)
+    {
+        out << '\n' << result.m_nReferences << " references in a resource database\n";
+        for (const SReferenceTime& time : kReferenceTimes)
+        {
+            const double own = result.GetNanoseconds(time.m_pValue);
+            PrintRow(out, time.m_pName, own, "ns");
+            if (&result != &results.front())
+                PrintRow(out, "  against the first size", own / results.front().GetNanoseconds(time.m_pValue),
+                         "");
+        }
+    }
+}
+
 void PrintCompression(std::ostream& out, const SCompressionResult& result)
 {
     const auto bytes = static_cast<double>(result.m_nBytes);
@@ -92,6 +109,7 @@ void PrintTable(std::ostream& out, const SBenchResults& results)
         PrintSize(out, result);
     for (const SLinkResult& result : results.m_Links)
         PrintLinks(out, result);
+    PrintReferences(out, results.m_References);
     for (const SCompressionResult& result : results.m_Compression)
         PrintCompression(out, result);
     out << '\n'

@@ -102,6 +102,8 @@ void RunAll(const SBenchOptions& options)
         results.m_Sizes.push_back(MeasureSize(options, directory.GetPath(), records));
     for (const std::size_t records : options.m_LinkSizes)
         results.m_Links.push_back(MeasureLinkSize(options, directory.GetPath(), records));
+    std::cerr << "references" << std::endl;
+    results.m_References = MeasureReferences(options.m_ReferenceSizes, options.m_nRepeat);
     std::cerr << "compressed streams" << std::endl;
     results.m_Compression = MeasureCompression(options.m_nStreamBytes, options.m_nRepeat);
     PrintTable(std::cout, results);

@@ -4,7 +4,7 @@ file(REMOVE_RECURSE ${WORK})
 file(MAKE_DIRECTORY ${WORK}/tmp)
 set(ENV{TMPDIR} ${WORK}/tmp)
 
-execute_process(COMMAND ${BENCH} --sizes 200 --links 200 --stream 20000 --repeat 1 --output ${WORK}/results.json
+execute_process(COMMAND ${BENCH} --sizes 200 --links 200 --references 1000,2000 --stream 20000 --repeat 1 --output ${WORK}/results.json
   RESULT_VARIABLE status OUTPUT_VARIABLE table ERROR_VARIABLE messages)
 if(NOT status EQUAL 0)
   message(FATAL_ERROR "The benchmark ended with ${status}:\n${messages}")
@@ -43,6 +43,13 @@ foreach(key text_pass_ms link_pass_ms near_link_pass_ms first_question_ms questi
   string(JSON value GET "${json}" links 0 ${key} least)
   if(NOT value GREATER 0)
     message(FATAL_ERROR "${key} of the links is ${value}")
+  endif()
+endforeach()
+
+foreach(key add count tree)
+  string(JSON value GET "${json}" references 1 ${key}_ns)
+  if(NOT value GREATER 0)
+    message(FATAL_ERROR "${key} of the references is ${value}")
   endif()
 endforeach()
 
