@@ -13,7 +13,6 @@
 namespace
 {
 constexpr int kVersion = 1;
-constexpr std::size_t kFirstTable = 64;
 
 std::string_view ToView(const char* text)
 {
@@ -155,20 +154,20 @@ CAssetLibrarySource::SParameter* CAssetLibrarySource::AddParameter(SResource* pR
 void CAssetLibrarySource::AddDependency(const char* source, const char* resource, const char* resourceType,
                                         const char* type, const char* platform, std::int32_t count)
 {
-    if (m_Dependencies.size() * 2 >= m_Table.size())
-        GrowTable();
     const SDependency added{m_Texts.Add(ToView(source)),       m_Texts.Add(ToView(resource)),
                             m_Texts.Add(ToView(resourceType)), m_Texts.Add(ToView(type)),
                             m_Texts.Add(ToView(platform)),     std::max(count, 1)};
-    const std::size_t place = FindPlace(added);
-    if (m_Table[place] != 0)
+    const std::size_t hash = HashDependency(added);
+    const std::uint32_t known =
+        m_Index.Find(hash, [&](std::uint32_t place) { return IsSame(m_Dependencies[place], added); });
+    if (known == CPlaceIndex::kNone)
     {
-        std::int32_t& known = m_Dependencies[m_Table[place] - 1].m_nCount;
-        known += known < std::numeric_limits<std::int32_t>::max() ? 1 : 0;
+        m_Index.Add(hash, static_cast<std::uint32_t>(m_Dependencies.size()));
+        m_Dependencies.push_back(added);
         return;
     }
-    m_Dependencies.push_back(added);
-    m_Table[place] = static_cast<std::uint32_t>(m_Dependencies.size());
+    std::int32_t& times = m_Dependencies[known].m_nCount;
+    times += times < std::numeric_limits<std::int32_t>::max() ? 1 : 0;
 }
 
 void CAssetLibrarySource::Clear()
@@ -176,7 +175,7 @@ void CAssetLibrarySource::Clear()
     m_Texts = {};
     m_Resources.clear();
     m_Dependencies.clear();
-    m_Table.clear();
+    m_Index.Clear();
 }
 
 bool CAssetLibrarySource::IsSame(const SDependency& a, const SDependency& b) const
@@ -193,29 +192,7 @@ std::size_t CAssetLibrarySource::HashDependency(const SDependency& dependency) c
          {dependency.m_nSource, dependency.m_nResource, dependency.m_nResourceType, dependency.m_nType})
     {
         hash = (hash ^ m_Texts.GetName(text)) * 0x9E37'79B9'7F4A'7C15U;
-        hash ^= hash >> 32U; // The table looks at the low bits.
+        hash ^= hash >> 32U; // The index looks at the low bits.
     }
     return hash;
-}
-
-std::size_t CAssetLibrarySource::FindPlace(const SDependency& dependency) const
-{
-    const std::size_t mask = m_Table.size() - 1;
-    std::size_t place = HashDependency(dependency) & mask;
-    while (m_Table[place] != 0 && !IsSame(m_Dependencies[m_Table[place] - 1], dependency))
-        place = (place + 1) & mask;
-    return place;
-}
-
-void CAssetLibrarySource::GrowTable()
-{
-    m_Table.assign(std::max(m_Table.size() * 2, kFirstTable), 0);
-    const std::size_t mask = m_Table.size() - 1;
-    for (std::size_t i = 0; i < m_Dependencies.size(); ++i)
-    {
-        std::size_t place = HashDependency(m_Dependencies[i]) & mask;
-        while (m_Table[place] != 0)
-            place = (place + 1) & mask;
-        m_Table[place] = static_cast<std::uint32_t>(i + 1);
-    }
 }

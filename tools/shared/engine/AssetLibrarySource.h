@@ -6,10 +6,12 @@
 #pragma once
 
 #include "NarrowTextPool.h"
+#include "PlaceIndex.h"
 
 #include <cstddef>
 #include <cstdint>
 #include <deque>
+#include <initializer_list>
 #include <vector>
 
 class CZRANode;
@@ -82,15 +84,11 @@ private:
     void LoadDependency(const CZRANode& list);
     void Clear();
 
-    // The place of the equal reference in the table, or of the free one where it belongs.
-    [[nodiscard]] std::size_t FindPlace(const SDependency& dependency) const;
     [[nodiscard]] std::size_t HashDependency(const SDependency& dependency) const;
     [[nodiscard]] bool IsSame(const SDependency& a, const SDependency& b) const;
-    void GrowTable();
 
     CNarrowTextPool m_Texts;
     std::deque<SResource> m_Resources;
     std::vector<SDependency> m_Dependencies;
-    // Open addressing over m_Dependencies, a power of two: places counted from 1, 0 for none.
-    std::vector<std::uint32_t> m_Table;
+    CPlaceIndex m_Index; // Of the dependencies.
 };

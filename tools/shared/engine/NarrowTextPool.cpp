@@ -8,8 +8,6 @@
 
 namespace
 {
-constexpr std::size_t kFirstTable = 64;
-
 bool IsAscii(std::string_view text)
 {
     unsigned all = 0;
@@ -30,43 +28,29 @@ std::size_t HashNarrow(std::string_view text)
 }
 } // namespace
 
-CNarrowTextPool::CNarrowTextPool() : m_Table(kFirstTable)
+CNarrowTextPool::CNarrowTextPool()
 {
     Add({});
 }
 
 CNarrowTextPool::TextId CNarrowTextPool::Add(std::string_view text)
 {
-    const std::size_t hash = HashNarrow(text);
     const auto id = static_cast<TextId>(m_Entries.size());
+    const std::size_t hash = HashNarrow(text);
     TextId name = id;
-    std::size_t place = hash & (m_Table.size() - 1);
-    for (; m_Table[place] != 0; place = (place + 1) & (m_Table.size() - 1))
+    const auto isThis = [&](TextId known)
     {
-        const SEntry& entry = m_Entries[m_Table[place] - 1];
-        if (entry.m_nHash != hash)
-            continue;
+        const SEntry& entry = m_Entries[known];
         if (GetView(entry) == text)
-            return m_Table[place] - 1;
+            return true;
         if (name == id && EqualNames(ToWide(GetView(entry)), ToWide(text)))
             name = entry.m_nName;
-    }
-    m_Table[place] = id + 1;
-    m_Entries.push_back({m_sTexts.size(), text.size(), hash, name});
+        return false;
+    };
+    if (const TextId known = m_Index.Find(hash, isThis); known != CPlaceIndex::kNone)
+        return known;
+    m_Index.Add(hash, id);
+    m_Entries.push_back({m_sTexts.size(), text.size(), name});
     m_sTexts.append(text).push_back('\0');
-    if (m_Entries.size() * 2 > m_Table.size())
-        Grow();
     return id;
-}
-
-void CNarrowTextPool::Grow()
-{
-    m_Table.assign(m_Table.size() * 2, 0);
-    for (std::size_t i = 0; i < m_Entries.size(); ++i)
-    {
-        std::size_t place = m_Entries[i].m_nHash & (m_Table.size() - 1);
-        while (m_Table[place] != 0)
-            place = (place + 1) & (m_Table.size() - 1);
-        m_Table[place] = static_cast<std::uint32_t>(i + 1);
-    }
 }

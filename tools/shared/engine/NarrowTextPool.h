@@ -2,6 +2,8 @@
 // name, without regard to case.
 #pragma once
 
+#include "PlaceIndex.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -29,18 +31,14 @@ private:
     {
         std::size_t m_nStart;
         std::size_t m_nLength;
-        std::size_t m_nHash; // Of the name.
-        TextId m_nName;      // The first text of this name.
+        TextId m_nName; // The first text of this name.
     };
 
     [[nodiscard]] std::string_view GetView(const SEntry& entry) const
     {
         return std::string_view(m_sTexts).substr(entry.m_nStart, entry.m_nLength);
     }
-    void Grow();
-
     std::string m_sTexts; // One behind the other, each with its terminator.
     std::vector<SEntry> m_Entries;
-    // Open addressing, a power of two: numbers of texts plus 1, 0 for none.
-    std::vector<std::uint32_t> m_Table;
+    CPlaceIndex m_Index; // By the names' hashes.
 };
