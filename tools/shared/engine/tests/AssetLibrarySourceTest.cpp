@@ -123,16 +123,13 @@ TEST(AssetLibrarySource, RefusesWhatItCannotUse)
     CZRANodeBuilder full(nullptr);
     EXPECT_FALSE(source.Save(full));
 
-    for (const auto& [root, version] : {std::pair("resource-list", 1), {"resource-database", 2}})
-    {
-        CZRANodeBuilder builder(&g_Allocator);
-        EXPECT_TRUE(builder.PushValue(root, false) && builder.PushValue("version", false) &&
-                    builder.AddInteger(version));
-        const CZRANodePtr tree(builder.DetachHead(), {&g_Allocator});
-        source.AddResource("old", "");
-        EXPECT_FALSE(source.Load(tree.get()));
-        EXPECT_EQ(source.GetResourceCount(), 0U);
-    }
+    CZRANodeBuilder builder(&g_Allocator);
+    EXPECT_TRUE(builder.PushValue("resource-database", false) && builder.PushValue("version", false) &&
+                builder.AddInteger(2));
+    const CZRANodePtr newer(builder.DetachHead(), {&g_Allocator});
+    source.AddResource("old", "");
+    EXPECT_FALSE(source.Load(newer.get()));
+    EXPECT_EQ(source.GetResourceCount(), 0U);
     EXPECT_FALSE(source.Load(nullptr));
 }
 
@@ -178,9 +175,4 @@ TEST(FileFilter, RowsStandInTheOrderAsked)
     EXPECT_EQ(filter, u"ZORN World Files (*.World00c;*.World00a)|*.World00c;*.World00a|All Supported Files "
                       u"|*.Model00a;*.Model00c;*.World00a;*.World00c;*.Fx00a;*.Fx00c;*.Key00a;*.Key00c|"
                       u"ZORN Asset Database Files (*.AssetDB00s)|*.AssetDB00s|");
-    for (int row = 0; row < kFileFilterCount; ++row)
-    {
-        BuildFileFilter(filter, {row});
-        EXPECT_EQ(std::count(filter.begin(), filter.end(), u'|'), 2) << row;
-    }
 }
