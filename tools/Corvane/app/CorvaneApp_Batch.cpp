@@ -21,7 +21,7 @@ bool CCorvaneApp::RunBatchAction()
     return true;
 }
 
-// The status of the run says nothing of the walk, which has told every failure.
+// The status of the run says nothing of the walk, so that its failures are told even by a silent one.
 void CCorvaneApp::UpdateDependencies()
 {
     const auto open = [this](std::u16string_view rootFile)
@@ -29,7 +29,8 @@ void CCorvaneApp::UpdateDependencies()
         const CCorvaneDoc* document = OpenDocumentFile(rootFile);
         return document && document->IsLoaded();
     };
-    CDependencyUpdate(m_Manager, open).Run(MakeDocumentPath(m_CommandLine.m_sUpdateDependency));
+    IQuestions& failures = m_Run.m_bSilent ? static_cast<IQuestions&>(m_Console) : m_Questions;
+    CDependencyUpdate(m_Manager, open, failures).Run(MakeDocumentPath(m_CommandLine.m_sUpdateDependency));
 }
 
 void CCorvaneApp::Pack()

@@ -40,9 +40,9 @@ bool CDependencyUpdate::WalkDirectory(std::u16string_view directory, const Direc
     const CCorvaneContext& context = m_Manager.GetContext();
     const CFileError error = context.m_Files.ListDirectory(directory, filter, entries);
     if (!error.IsOk())
-        context.m_Questions.Tell(
-            kTitle, FormatText(u"The directory '%s' could not be read: %s.", directory, error.GetText()),
-            EIcon::Stop);
+        m_Failures.Tell(kTitle,
+                        FormatText(u"The directory '%s' could not be read: %s.", directory, error.GetText()),
+                        EIcon::Stop);
     return std::all_of(entries.begin(), entries.end(),
                        [&](const SDirectoryEntry& entry) { return Visit(directory, entry); });
 }
@@ -57,11 +57,10 @@ bool CDependencyUpdate::UpdateRoot(std::u16string_view rootFile)
 {
     if (CInterrupt::IsRaised())
         return TellCancel();
-    IQuestions& questions = m_Manager.GetContext().m_Questions;
     const std::u16string target = WithExtension(rootFile, kDependencyExtension);
     if (!m_Open(rootFile))
     {
-        questions.Tell(
+        m_Failures.Tell(
             kTitle,
             FormatText(u"The root file '%s' could not be loaded. '%s' was not written.", rootFile, target),
             EIcon::Stop);
@@ -73,16 +72,17 @@ bool CDependencyUpdate::UpdateRoot(std::u16string_view rootFile)
     if (result == kResultCancelled)
         return TellCancel();
     if (result < 0)
-        questions.Tell(kTitle,
-                       FormatText(u"The file '%s' could not be written: %s.", target, output.GetFailure()),
-                       EIcon::Stop);
+        m_Failures.Tell(kTitle,
+                        FormatText(u"The file '%s' could not be written: %s.", target, output.GetFailure()),
+                        EIcon::Stop);
     else
-        questions.Tell(kTitle, FormatText(u"The file '%s' was written.", target), EIcon::Information);
+        m_Manager.GetContext().m_Questions.Tell(kTitle, FormatText(u"The file '%s' was written.", target),
+                                                EIcon::Information);
     return true;
 }
 
 bool CDependencyUpdate::TellCancel() const
 {
-    m_Manager.GetContext().m_Questions.Tell(kTitle, u"The update was cancelled.", EIcon::Stop);
+    m_Failures.Tell(kTitle, u"The update was cancelled.", EIcon::Stop);
     return false;
 }

@@ -1,7 +1,7 @@
 // Writes a dependency file beside every root file below a directory: the dependency run of the program.
 //
-// What fails is told, with its cause, and the walk goes on: a root that does not load keeps its old
-// dependency file. Each file that is written is told too. A cancel ends the walk.
+// What fails is told and the walk goes on: a root that does not load keeps its old dependency file. Each file
+// that is written is told too. A cancel ends the walk.
 #pragma once
 
 #include <cstdint>
@@ -12,6 +12,7 @@
 #include <utility>
 
 class CCorvaneMgr;
+class IQuestions;
 struct SDirectoryEntry;
 
 class CDependencyUpdate
@@ -20,8 +21,12 @@ public:
     // Loads a root file in place of the open database; false has told why.
     using FOpen = std::function<bool(std::u16string_view rootFile)>;
 
-    // `manager` is the one that `open` loads into; it is not owned.
-    CDependencyUpdate(CCorvaneMgr& manager, FOpen open) : m_Manager(manager), m_Open(std::move(open)) {}
+    // `manager` is the one that `open` loads into. `failures` hears of what fails, in a silent run too: the
+    // run's status says nothing of it. Neither is owned.
+    CDependencyUpdate(CCorvaneMgr& manager, FOpen open, IQuestions& failures)
+        : m_Manager(manager), m_Open(std::move(open)), m_Failures(failures)
+    {
+    }
 
     // Entries of a directory come in the order of their names, the content of a directory in its place. A
     // directory that several links lead to is walked once. False when it was cancelled.
@@ -38,5 +43,6 @@ private:
 
     CCorvaneMgr& m_Manager;
     FOpen m_Open;
+    IQuestions& m_Failures;
     std::set<DirectoryId> m_Walked;
 };

@@ -181,7 +181,11 @@ TEST_F(CShellTest, TheDependencyRunGoesOnAndNamesWhatFails)
     const std::string list = m_Scratch.ReadBytes("p/Db/Root.Gamdb00dc");
     EXPECT_EQ(list.substr(0, 4), std::string(4, '\0')) << "the mark of a compressed file";
     fs::remove(m_Scratch.GetPath() / "p/Db/Root.Gamdb00dc");
-    EXPECT_EQ(Run("-Silent -UpdateDependency ~/p/Db"), "0 ");
+    EXPECT_EQ(Run("-Silent -UpdateDependency ~/p/Db"),
+              "0 Update Dependency: The root file '~/p/Db/Bad.Gamdb00s' could not be loaded. "
+              "'~/p/Db/Bad.Gamdb00dc' was not written.\n"
+              "Update Dependency: The file '~/p/Db/Full/OTHER.Gamdb00dc' could not be written: not a file of "
+              "the wanted kind.\n");
     EXPECT_EQ(m_Scratch.ReadBytes("p/Db/Root.Gamdb00dc"), list);
     EXPECT_EQ(Run("-UpdateDependency none"), "0 Update Dependency: The directory '~/none' could not be read: "
                                              "no such file or directory.\n");
