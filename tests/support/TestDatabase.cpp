@@ -132,7 +132,7 @@ bool CTestDatabase::Open()
 void CTestDatabase::Close()
 {
     EXPECT_TRUE(m_pManager->CloseDatabase());
-    EXPECT_EQ(CCorvaneRef::GetLiveCount(), m_nLive) << "objects outlive the database";
+    EXPECT_EQ(CCorvaneRef::GetLiveCount(), m_nLive + m_nLasting) << "objects outlive the database";
 }
 
 CCorvaneRecord& CTestDatabase::Record(std::string_view path) const

@@ -66,6 +66,7 @@ public:
     [[nodiscard]] bool IsControlled(std::u16string_view) override { return m_bConnected; }
     using CSourceGate::CheckOutForEdit;
     [[nodiscard]] bool CheckOutForEdit(CCorvaneRecord&) override { return Answer(); }
+    [[nodiscard]] bool CheckOutForEdit(CCorvaneCategory&) override { return Answer(); }
     [[nodiscard]] bool CheckOutForEdit(CCorvaneSchema&) override { return Answer(); }
     [[nodiscard]] bool CheckOutForEdit(std::u16string_view) override { return Answer(); }
     [[nodiscard]] bool AddRecord(CCorvaneRecord&) override { return Answer(); }
@@ -182,6 +183,7 @@ public:
     std::vector<int> m_Events;
     CAssertCapture m_Asserts;
     std::size_t m_nExpectedAsserts = 0;
+    std::int64_t m_nLasting = 0; // Objects that outlive a database.
 
 private:
     std::int64_t m_nLive;

@@ -1,5 +1,6 @@
 #include "CorvaneCategory.h"
 
+#include "CategoryNames.h"
 #include "CorvaneMgr.h"
 #include "FormatText.h"
 #include "NameCompare.h"
@@ -60,8 +61,7 @@ CCorvaneCategory::CCorvaneCategory(CCorvaneMgr& manager, std::u16string_view nam
                                    std::u16string_view comment, CCorvaneSchema* schema,
                                    CCorvaneCategory* parent, std::uint32_t flags)
     : m_Manager(manager), m_dwFlags(flags), m_sName(name), m_sComment(comment), m_sHelp(help),
-      m_pSchema(schema), m_pParent(parent),
-      m_pChildIndex(std::make_unique<CPointerIndex<CCorvaneCategory>>()),
+      m_pSchema(schema), m_pParent(parent), m_pChildIndex(std::make_unique<CCategoryNames>()),
       m_pIndex(std::make_unique<CCategoryIndex>())
 {
 }
@@ -175,10 +175,10 @@ void CCorvaneCategory::Assign(const CCorvaneCategory& source)
 void CCorvaneCategory::SetName(std::u16string_view name)
 {
     const std::u16string old = std::exchange(m_sName, std::u16string(name));
-    const auto rename = [&](CPointerIndex<CCorvaneCategory>& index)
+    const auto rename = [&](CCategoryNames& index)
     {
-        if (index.Remove(HashName(old), *this))
-            index.Add(HashName(m_sName), *this);
+        if (index.Remove(old, *this))
+            index.Add(*this);
     };
     // A root category that was moved stands in both lists.
     if (m_pParent)
@@ -195,10 +195,11 @@ void CCorvaneCategory::SetFile(std::u16string_view path)
 
 bool CCorvaneCategory::IsAttached() const
 {
-    const CCorvaneCategory* top = this;
-    while (top->m_pParent)
-        top = top->m_pParent;
-    return top->m_bRoot;
+    // A root category that was moved stays in the root list, whatever becomes of its parent.
+    const CCorvaneCategory* category = this;
+    while (category && !category->m_bRoot)
+        category = category->m_pParent;
+    return category != nullptr;
 }
 
 CCategoryIndex& CCorvaneCategory::GetIndex() const
@@ -266,7 +267,7 @@ void CCorvaneCategory::AddChildCategory(CCorvaneCategory& child)
     else
         Rehome(child, [&] { child.m_pParent = this; });
     m_Children.emplace_back(&child);
-    m_pChildIndex->Add(HashName(child.m_sName), child);
+    m_pChildIndex->Add(child);
 }
 
 bool CCorvaneCategory::RemoveChildCategory(CCorvaneCategory& child)
@@ -275,7 +276,7 @@ bool CCorvaneCategory::RemoveChildCategory(CCorvaneCategory& child)
     if (found == m_Children.end())
         return false;
     const CRef<CCorvaneCategory> keepAlive(&child);
-    m_pChildIndex->Remove(HashName(child.m_sName), child);
+    m_pChildIndex->Remove(child.m_sName, child);
     m_Children.erase(found);
     if (child.IsSystem())
         child.m_pParent = nullptr;
@@ -394,18 +395,20 @@ bool CCorvaneCategory::IsFileTaken(std::u16string_view path, const CCorvaneRecor
 CCorvaneCategory* CCorvaneCategory::FindChild(std::u16string_view name) const
 {
     bool ambiguous = false;
-    CCorvaneCategory* found = m_pChildIndex->FindOnly(HashName(name), ambiguous,
-                                                      [&](const CCorvaneCategory& child)
-                                                      { return EqualNames(child.m_sName, name); });
+    CCorvaneCategory* found = m_pChildIndex->FindOnly(name, ambiguous);
     return ambiguous ? ScanChildren(name, false) : found;
+}
+
+std::u16string CCorvaneCategory::MakeChildNameUnique(std::u16string_view name) const
+{
+    return m_pChildIndex->MakeUnique(name);
 }
 
 CCorvaneCategory* CCorvaneCategory::FindVirtualChild(std::u16string_view name) const
 {
     bool ambiguous = false;
     CCorvaneCategory* found = m_pChildIndex->FindOnly(
-        HashName(name), ambiguous,
-        [&](const CCorvaneCategory& child) { return !child.IsSystem() && EqualNames(child.m_sName, name); });
+        name, ambiguous, [](const CCorvaneCategory& child) { return !child.IsSystem(); });
     return ambiguous ? ScanChildren(name, true) : found;
 }
 

@@ -14,6 +14,7 @@
 #include <vector>
 
 class CCategoryIndex;
+class CCategoryNames;
 class CCorvaneMgr;
 class CCorvaneRecord;
 class CCorvaneSchema;
@@ -82,6 +83,8 @@ public:
     [[nodiscard]] CCorvaneRecord* FindRecordByFile(std::u16string_view path) const;
     [[nodiscard]] CCorvaneCategory* FindChild(std::u16string_view name) const;
     [[nodiscard]] CCorvaneCategory* FindVirtualChild(std::u16string_view name) const;
+    // `name`, or "name (number)" with the lowest number from 2 on that no child has.
+    [[nodiscard]] std::u16string MakeChildNameUnique(std::u16string_view name) const;
     // A record of this category or, depth first, of the virtual categories below it.
     [[nodiscard]] CCorvaneRecord* FindRecordInNamespace(std::u16string_view name) const;
     // True when the namespace of this category (its system category and all virtual ones below that) holds
@@ -124,6 +127,6 @@ private:
     std::vector<CRef<CCorvaneRecord>> m_Records;
     std::vector<CRef<CCorvaneCategory>> m_Children;
     bool m_bRoot = false; // In the manager's list of root categories.
-    std::unique_ptr<CPointerIndex<CCorvaneCategory>> m_pChildIndex;
+    std::unique_ptr<CCategoryNames> m_pChildIndex;
     std::unique_ptr<CCategoryIndex> m_pIndex;
 };

@@ -1,6 +1,7 @@
 #include "CorvaneMgr.h"
 
 #include "BuildNumberCache.h"
+#include "CategoryNames.h"
 #include "Module.h"
 #include "NameCompare.h"
 #include "Path.h"
@@ -10,7 +11,7 @@
 CCorvaneMgr::CCorvaneMgr(const CCorvaneContext& context, const CCorvaneTypeMgr& types,
                          const CorvaneSchemaAttribDataMgr& attribData, CSourceGate& gate, IUndoRecorder& undo)
     : m_Context(context), m_Types(types), m_AttribDataTypes(attribData), m_Gate(gate), m_Undo(undo),
-      m_pRootIndex(std::make_unique<CPointerIndex<CCorvaneCategory>>()),
+      m_pRootIndex(std::make_unique<CCategoryNames>()),
       m_pCategoryFiles(std::make_unique<CPointerIndex<CCorvaneCategory>>()),
       m_pSchemaNames(std::make_unique<CPointerIndex<CCorvaneSchema>>()),
       m_pSchemaFiles(std::make_unique<CPointerIndex<CCorvaneSchema>>()),
@@ -52,7 +53,7 @@ CCorvaneCategory* CCorvaneMgr::AddCategory(CRef<CCorvaneCategory> category)
 void CCorvaneMgr::AddRootCategory(CCorvaneCategory& category)
 {
     category.m_bRoot = true;
-    m_pRootIndex->Add(HashName(category.GetName()), category);
+    m_pRootIndex->Add(category);
     m_RootCategories.emplace_back(&category);
 }
 

@@ -28,6 +28,7 @@
 #include <vector>
 
 class CBuildNumberCache;
+class CCategoryNames;
 class CCorvaneTypeMgr;
 class CRecordLayout;
 class CSourceGate;
@@ -99,6 +100,16 @@ public:
     [[nodiscard]] bool RenameCategory(CCorvaneCategory& category, std::u16string_view name);
     // The test ahead of a user's rename. False has told that the name is taken.
     [[nodiscard]] bool CheckCategoryRename(const CCorvaneCategory& category, std::u16string_view name) const;
+    // A copy with copies of all records and categories below; null where a virtual category's records would
+    // be of another schema than the parent's. The prefix is "Clone of " or "Reference of ".
+    CCorvaneCategory* CopyCategory_Clone(CCorvaneCategory* pParent, CCorvaneCategory* pSource,
+                                         bool addPrefix);
+    CCorvaneCategory* CopyCategory_Reference(CCorvaneCategory* pParent, CCorvaneCategory* pSource,
+                                             bool addPrefix);
+    // Sends a system category's file to the recycle bin and deletes every second record and child; the others
+    // stay in the category outside the tree, and their files on the disk. `prompt` asks ahead of it. Without
+    // an open undo group the category is emptied. A virtual category goes to DeleteVirtualRelativeCategory.
+    [[nodiscard]] bool DeleteCategory(CCorvaneCategory& category, bool prompt);
     // Brings a category back into the tree, below `pParent` or, without one, among the root categories. False
     // when the parent has left the tree itself.
     bool ReinsertCategory(CCorvaneCategory& category, CCorvaneCategory* pParent = nullptr);
@@ -172,6 +183,9 @@ public:
     [[nodiscard]] CCorvaneCategory* GetVirtualRelativeCategory(CCorvaneCategory* pParent,
                                                                std::u16string_view offset);
     [[nodiscard]] CCorvaneCategory* GetSystemCategory(CCorvaneCategory* category) const;
+    // Deletes no record: what is below the category moves to its parent and is written. False when something
+    // could not move, which leaves the category in the tree with it. `prompt` is not used.
+    [[nodiscard]] bool DeleteVirtualRelativeCategory(CCorvaneCategory* pCategory, bool prompt);
     // A move inside one directory, written at once; with `silent` without a check-out of its own. False when
     // the directories differ or the check-out was refused.
     [[nodiscard]] bool MoveRecordVirtual(CCorvaneCategory* pDest, CCorvaneRecord* pRecord, bool silent);
@@ -306,6 +320,20 @@ private:
     void RenameRecordFile(CCorvaneRecord& record);
     void TakeBackRecordFile(CCorvaneRecord& record);
     void AddRootCategory(CCorvaneCategory& category);
+    [[nodiscard]] bool RemoveFromTree(CCorvaneCategory& category);
+    [[nodiscard]] bool ConfirmCategoryDelete(const CCorvaneCategory& category) const;
+    void DeleteContents(CCorvaneCategory& category, bool prompt);
+    void FinishDelete(CCorvaneCategory& category, CCorvaneCategory* parent);
+    void AddCategoryPoint(CCorvaneCategory& category, ERestoreAction action,
+                          CCorvaneCategory* parent = nullptr);
+    CCorvaneCategory* CopyCategory(CCorvaneCategory* pParent, CCorvaneCategory* pSource,
+                                   std::u16string_view prefix, ERestoreAction kind);
+    [[nodiscard]] bool MayCopyCategory(const CCorvaneCategory& parent, const CCorvaneCategory& source) const;
+    [[nodiscard]] std::u16string MakeCopyName(const CCorvaneCategory& parent, std::u16string_view name,
+                                              const CCorvaneCategory& source, ERestoreAction kind) const;
+    // A name for a system category that is free on the disk too.
+    [[nodiscard]] std::u16string MakeDirectoryNameUnique(const CCorvaneCategory* parent,
+                                                         std::u16string_view name) const;
     [[nodiscard]] bool MayMoveCategory(CCorvaneCategory* pDest, CCorvaneCategory* pCategory) const;
     [[nodiscard]] bool PrepareVirtualRename(CCorvaneCategory& category);
     [[nodiscard]] bool CheckOutCategory(CCorvaneCategory& category) const;
@@ -363,7 +391,7 @@ private:
     std::vector<CRef<CCorvaneCategory>> m_RootCategories;
     std::vector<CRef<CCorvaneCategory>> m_SpecialCategories;
     std::vector<CRef<CCorvaneSchema>> m_Schemas;
-    std::unique_ptr<CPointerIndex<CCorvaneCategory>> m_pRootIndex;
+    std::unique_ptr<CCategoryNames> m_pRootIndex;
     std::unique_ptr<CPointerIndex<CCorvaneCategory>> m_pCategoryFiles;
     std::unique_ptr<CPointerIndex<CCorvaneSchema>> m_pSchemaNames;
     std::unique_ptr<CPointerIndex<CCorvaneSchema>> m_pSchemaFiles;

@@ -5,6 +5,7 @@
 #include "CategoryRenameRestorePoint.h"
 #include "FormatText.h"
 #include "NameCompare.h"
+#include "NumberedNames.h"
 #include "Path.h"
 #include "RunState.h"
 #include "SourceGate.h"
@@ -40,30 +41,31 @@ bool IsBelow(const CCorvaneCategory* category, const CCorvaneCategory& top)
 CCorvaneCategory* CCorvaneMgr::InsertCategory(CCorvaneCategory* pParent, CCorvaneSchema* pSchema)
 {
     const CRef<CCorvaneCategory> category(
-        new CCorvaneCategory(*this, MakeCategoryNameUnique(pParent, u"New Category"), {}, {}, pSchema,
+        new CCorvaneCategory(*this, MakeDirectoryNameUnique(pParent, u"New Category"), {}, {}, pSchema,
                              pParent, CATEGORY_FLAG_SYSTEM));
     AddCategory(category);
     Notify(CCorvaneEvent(ECorvaneEvent::CategoryComplete, category.Get()));
     return category.Get();
 }
 
-bool CCorvaneMgr::ReinsertCategory(CCorvaneCategory& category, CCorvaneCategory* pParent)
+// A directory may hold the file of a category that is left out of the database, or that went by another name:
+// the first save of a new one must not write over it.
+std::u16string CCorvaneMgr::MakeDirectoryNameUnique(const CCorvaneCategory* parent,
+                                                    std::u16string_view name) const
 {
-    if (category.IsAttached())
-        return true;
-    if (pParent && !pParent->IsAttached())
-        return false;
-    const CRef<CCorvaneCategory> keepAlive(&category);
-    category.SetName(MakeCategoryNameUnique(pParent, category.GetName()));
-    if (pParent)
-        pParent->AddChildCategory(category);
-    else
-        AddRootCategory(category);
-    // The file went with the delete. A refresh would take the category away again if it stayed missing.
-    if (!category.GetFile().empty() && !m_Context.m_Files.Exists(category.GetFile()))
-        static_cast<void>(SaveCategory(&category, nullptr));
-    Notify(CCorvaneEvent(ECorvaneEvent::CategoryAdded, &category));
-    return true;
+    const CCorvaneCategory* system = parent;
+    while (system && !system->IsSystem())
+        system = system->GetParent();
+    const std::u16string directory(system ? GetDirectoryPart(system->GetFile()) : m_sDirectory);
+    const auto isTaken = [&](const std::u16string& text)
+    {
+        const std::u16string path = directory + text + GetSeparator(directory) + u"cvd.category";
+        return !directory.empty() && m_Context.m_Files.Exists(path);
+    };
+    std::u16string unique = MakeCategoryNameUnique(parent, name);
+    for (int number = 2; isTaken(unique); ++number)
+        unique = MakeCategoryNameUnique(parent, MakeNumberedName(name, number));
+    return unique;
 }
 
 // Inside the database a virtual category stands for a key of the records below it, whose files stay in one
@@ -134,13 +136,11 @@ bool CCorvaneMgr::PrepareVirtualRename(CCorvaneCategory& category)
 {
     if (category.GetRecords().empty() && category.GetChildren().empty())
         return true;
-    const CQuestion question =
-        MakeQuestion(u"Virtual Category Rename",
-                     u"In order to rename this virtual category all child records must be modified.\n\n"
-                     u"Do you wish to continue with this rename operation?",
-                     EButtons::YesNo, EIcon::Question);
     // An undo was asked for already.
-    if (!m_Undo.IsReplaying() && m_Context.m_Questions.Ask(question) != EAnswer::Yes)
+    if (!m_Undo.IsReplaying() &&
+        !AskYes(u"Virtual Category Rename",
+                u"In order to rename this virtual category all child records must be modified.\n\n"
+                u"Do you wish to continue with this rename operation?"))
         return false;
     if (!CheckOutCategory(category))
         return false;
@@ -182,16 +182,4 @@ CCorvaneCategory* CCorvaneMgr::GetSpecialCategory(int type) const
     const auto found = std::find_if(m_SpecialCategories.begin(), m_SpecialCategories.end(),
                                     [type](const auto& one) { return one->GetCategoryType() == type; });
     return found == m_SpecialCategories.end() ? nullptr : found->Get();
-}
-
-void CCorvaneMgr::ReleaseDeletedCategory(CCorvaneCategory& category)
-{
-    // Records and categories refer to each other: emptying the records breaks that.
-    for (const CRef<CCorvaneRecord>& record : category.TakeRecords())
-        record->Clear();
-    for (const CRef<CCorvaneCategory>& child : category.TakeChildren())
-    {
-        ReleaseDeletedCategory(*child);
-        child->m_pParent = nullptr; // An undo entry may hold the child longer than its parent lives.
-    }
 }

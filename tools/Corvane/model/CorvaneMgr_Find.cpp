@@ -1,6 +1,7 @@
 // Look-ups by name, path and file. Each answers as a scan in list order would; the indexes only make it fast.
 #include "CorvaneMgr.h"
 
+#include "CategoryNames.h"
 #include "CorvaneAttrib.h"
 #include "FormatText.h"
 #include "NameCompare.h"
@@ -92,9 +93,7 @@ CCorvaneCategory* CCorvaneMgr::FindCategory(std::u16string_view path, CCorvaneCa
 CCorvaneCategory* CCorvaneMgr::FindRootCategory(std::u16string_view name) const
 {
     bool ambiguous = false;
-    CCorvaneCategory* found = m_pRootIndex->FindOnly(HashName(name), ambiguous,
-                                                     [&](const CCorvaneCategory& category)
-                                                     { return EqualNames(category.GetName(), name); });
+    CCorvaneCategory* found = m_pRootIndex->FindOnly(name, ambiguous);
     for (std::size_t i = 0; ambiguous && found == nullptr; ++i)
     {
         if (EqualNames(m_RootCategories[i]->GetName(), name))
@@ -158,10 +157,7 @@ bool CCorvaneMgr::IsRecordNameFree(const CCorvaneCategory& category, std::u16str
 std::u16string CCorvaneMgr::MakeCategoryNameUnique(const CCorvaneCategory* parent,
                                                    std::u16string_view name) const
 {
-    std::u16string unique(name);
-    for (int number = 2; !IsCategoryNameFree(parent, unique); ++number)
-        unique = FormatText(u"%s (%d)", name, number);
-    return unique;
+    return parent ? parent->MakeChildNameUnique(name) : m_pRootIndex->MakeUnique(name);
 }
 
 std::u16string CCorvaneMgr::MakeRecordNameUnique(const CCorvaneCategory& category, std::u16string_view name,

@@ -3,6 +3,7 @@
 // may be filled only when every parent link exists.
 #include "CorvaneMgr.h"
 
+#include "CategoryNames.h"
 #include "FormatText.h"
 #include "NameCompare.h"
 #include "Path.h"

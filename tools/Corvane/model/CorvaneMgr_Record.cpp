@@ -113,6 +113,9 @@ bool CCorvaneMgr::DeleteRecord(CCorvaneRecord& record, bool prompt)
     if (recorded)
         RecordAction(record, ERestoreAction::Deleted);
     Notify(CCorvaneEvent(ECorvaneEvent::RecordDeleted, &record));
+    // A special category goes with its last record.
+    if (category->GetCategoryType() != 0 && category->GetRecords().empty())
+        static_cast<void>(DeleteCategory(*category, true));
     if (recorded)
         record.LeaveTree();
     else

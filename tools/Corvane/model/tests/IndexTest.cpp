@@ -2,6 +2,7 @@
 #include "FormatText.h"
 #include "NameCompare.h"
 #include "TestDatabase.h"
+#include "UndoScope.h"
 #include "Unicode.h"
 
 #include <gtest/gtest.h>
@@ -70,11 +71,14 @@ public:
     void Step()
     {
         constexpr void (CRandomTree::*kSteps[])() = {
-            &CRandomTree::AddRecord,   &CRandomTree::AddRecord,    &CRandomTree::AddRecord,
-            &CRandomTree::DropRecord,  &CRandomTree::RenameRecord, &CRandomTree::SetFile,
-            &CRandomTree::MoveRecord,  &CRandomTree::AddCategory,  &CRandomTree::RenameCategory,
-            &CRandomTree::MoveCategory};
+            &CRandomTree::AddRecord,    &CRandomTree::AddRecord,    &CRandomTree::AddRecord,
+            &CRandomTree::DropRecord,   &CRandomTree::RenameRecord, &CRandomTree::SetFile,
+            &CRandomTree::MoveRecord,   &CRandomTree::AddCategory,  &CRandomTree::RenameCategory,
+            &CRandomTree::MoveCategory, &CRandomTree::MoveAsUser,   &CRandomTree::DeleteAsUser,
+            &CRandomTree::CopyAsUser,   &CRandomTree::Replay,       &CRandomTree::Replay};
         Collect();
+        if (m_Categories.empty())
+            return InsertRoot();
         m_pCategory = Pick(m_Categories);
         m_pRecord = m_Records.empty() ? nullptr : Pick(m_Records);
         (this->*kSteps[m_pRecord ? Number(std::size(kSteps)) : 0])();
@@ -147,7 +151,10 @@ private:
         EXPECT_FALSE(m_pRecord->GetCategory()->RemoveRecord(*m_pRecord));
         m_pRecord->Clear();
     }
-    void RenameCategory() { m_pCategory->SetName(Name()); }
+    void RenameCategory()
+    {
+        Do([this](CCorvaneMgr& manager) { EXPECT_TRUE(manager.RenameCategory(*m_pCategory, Name())); });
+    }
     void AddCategory()
     {
         if (m_Categories.size() > 25)
@@ -173,6 +180,35 @@ private:
         target.AddChildCategory(*m_pCategory);
     }
 
+    void InsertRoot() { EXPECT_NE(m_Database.Get().InsertCategory(nullptr, &m_Schema), nullptr); }
+    // What a user does, in undo groups, whatever the other steps do to the objects that those remember.
+    template <class Command> void Do(Command command)
+    {
+        CUndoScope scope(m_Database.m_Undo);
+        command(m_Database.Get());
+        scope.Accept(u"command");
+    }
+    void MoveAsUser()
+    {
+        Do([this](CCorvaneMgr& manager)
+           { static_cast<void>(manager.MoveCategory(Pick(m_Categories), m_pCategory)); });
+    }
+    void DeleteAsUser()
+    {
+        Do([this](CCorvaneMgr& manager) { static_cast<void>(manager.DeleteCategory(*m_pCategory, false)); });
+    }
+    void CopyAsUser()
+    {
+        if (m_Categories.size() < 25)
+            Do([this](CCorvaneMgr& manager)
+               { manager.CopyCategory_Clone(Pick(m_Categories), m_pCategory, false); });
+    }
+    void Replay()
+    {
+        CUndoMgr& undo = m_Database.m_Undo;
+        static_cast<void>(Number(2) == 0 ? undo.Redo(1) : undo.Undo(1));
+    }
+
     CTestDatabase& m_Database;
     CCorvaneSchema& m_Schema;
     std::mt19937 m_Random{7};
@@ -190,6 +226,7 @@ TEST(Index, AnswersAsAScanWould)
     database.AddCategory("a", "S");
     database.AddCategory("b", "S");
     ASSERT_TRUE(database.Open());
+    database.m_Questions.Prepare(u"Virtual Category Rename", {EAnswer::Yes});
     CRandomTree tree(database);
     for (int step = 0; step < 1500 && !testing::Test::HasFailure(); ++step)
     {
