@@ -21,6 +21,7 @@
 #include "host/Services.h"
 
 #include <filesystem>
+#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
@@ -84,12 +85,15 @@ public:
     bool m_bGrant = true;
     int m_nGrants = -1; // So many are left; negative for no limit.
     int m_nAsked = 0;
+    std::function<void()> m_OnAsked;
     const CCorvaneRecord* m_pDeletePending = nullptr;
 
 private:
     bool Answer()
     {
         ++m_nAsked;
+        if (m_OnAsked)
+            m_OnAsked();
         return m_bGrant && (m_nGrants < 0 || m_nGrants-- > 0);
     }
 };

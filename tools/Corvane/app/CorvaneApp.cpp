@@ -151,6 +151,16 @@ void CCorvaneApp::Run()
     ::sigwait(&signals, &received);
 }
 
+bool CCorvaneApp::BeginClose()
+{
+    m_Run.Set(APP_CLOSING);
+    if (m_Manager.AskSaveChanges())
+        return true;
+    // A run that goes on must ask its user again.
+    m_Run.Set(APP_CLOSING, false);
+    return false;
+}
+
 std::int32_t CCorvaneApp::ExitInstance()
 {
     m_Run.Set(APP_CLOSING);

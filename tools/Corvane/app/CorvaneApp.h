@@ -36,9 +36,11 @@ public:
 
     [[nodiscard]] const CCorvaneContext& GetContext() override { return m_Session.GetContext(); }
     [[nodiscard]] CCorvaneMgr& GetManager() override { return m_Manager; }
+    [[nodiscard]] CUndoMgr& GetUndo() override { return m_Session.GetUndo(); }
     [[nodiscard]] CRecentFileList& GetRecentFiles() override { return m_RecentFiles; }
     [[nodiscard]] CCorvaneDoc* GetDocument() override { return m_pMainDocument.get(); }
     CCorvaneDoc* OpenDocumentFile(std::u16string_view path) override;
+    [[nodiscard]] bool BeginClose() override;
 
 private:
     struct CReleaseUi

@@ -9,6 +9,7 @@
 class CCorvaneDoc;
 class CCorvaneMgr;
 class CRecentFileList;
+class CUndoMgr;
 class IQuestions;
 struct CCorvaneContext;
 
@@ -18,12 +19,16 @@ class ICorvaneApplication
 public:
     [[nodiscard]] virtual const CCorvaneContext& GetContext() = 0;
     [[nodiscard]] virtual CCorvaneMgr& GetManager() = 0;
+    [[nodiscard]] virtual CUndoMgr& GetUndo() = 0;
     [[nodiscard]] virtual CRecentFileList& GetRecentFiles() = 0;
     // The main document; never null once start-up has reached the user interface.
     [[nodiscard]] virtual CCorvaneDoc* GetDocument() = 0;
     // Opens a root file in place of the open database. Null when the file cannot be opened or the user keeps
     // the open one; what went wrong has been told.
     virtual CCorvaneDoc* OpenDocumentFile(std::u16string_view path) = 0;
+    // The main window is about to close: asks for unsaved changes, and saves. False when the user cancels or
+    // the save fails; the window must stay then.
+    [[nodiscard]] virtual bool BeginClose() = 0;
 
 protected:
     ~ICorvaneApplication() = default;

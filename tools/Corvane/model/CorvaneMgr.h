@@ -65,8 +65,11 @@ public:
 
     // Load and close (CorvaneMgr_Load). A failed load has told why and leaves no database.
     [[nodiscard]] bool OpenDatabase(std::u16string_view path);
-    // False only when the user cancels or the save that the user asked for failed. Releases everything,
-    // touches no source file.
+    // Asks about changes or commands since the database was opened, and saves when the user wants it. False
+    // when the user cancels or the save fails.
+    [[nodiscard]] bool AskSaveChanges();
+    // The same, unless the program is closing and has asked; then releases everything, touching no source
+    // file. Empties the undo list.
     [[nodiscard]] bool CloseDatabase();
     [[nodiscard]] bool LoadRootFile(std::u16string_view path);
     [[nodiscard]] bool LocateProject(std::u16string_view path);
@@ -374,7 +377,6 @@ private:
     void TellStrayRecords(std::u16string_view directory, std::size_t count);
     [[nodiscard]] static std::u16string_view CutBehindLastSeparator(std::u16string_view path);
     void ReplacePostBuildTokens();
-    [[nodiscard]] bool AskSaveChanges();
     void ReleaseTree();
     void ReleaseCategory(CCorvaneCategory& category);
     [[nodiscard]] CCorvaneCategory* FindRootCategory(std::u16string_view name) const;

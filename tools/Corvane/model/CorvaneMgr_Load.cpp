@@ -331,7 +331,7 @@ void CCorvaneMgr::UpdateHierarchalData(CCorvaneCategory* pParent)
 
 bool CCorvaneMgr::CloseDatabase()
 {
-    if (!m_Context.m_Run.Test(APP_CLOSING) && (m_bDirty || m_Undo.HasEntries()) && !AskSaveChanges())
+    if (!m_Context.m_Run.Test(APP_CLOSING) && !AskSaveChanges())
         return false;
     Notify(CCorvaneEvent(ECorvaneEvent::CloseBegin));
     m_bDirty = false;
@@ -358,9 +358,11 @@ void CCorvaneMgr::SavePerUserFile()
                                        m_PerUser.GetLastError().GetText(), path));
 }
 
-// False when the user cancels, or when the save that he asked for failed: closing would lose his changes.
+// A failed save is a false too: closing would lose the changes that the user wants to keep.
 bool CCorvaneMgr::AskSaveChanges()
 {
+    if (!m_bDirty && !m_Undo.HasEntries())
+        return true;
     CQuestion question = MakeQuestion(u"Save Changes", u"Save changes to this database?",
                                       EButtons::YesNoCancel, EIcon::Question);
     question.m_Unattended = EAnswer::No;

@@ -5,6 +5,7 @@
 
 #include "CorvaneAttrib.h"
 
+#include <functional>
 #include <type_traits>
 
 // A view that shows one attribute in one list; see CCorvaneType::AddView.
@@ -45,6 +46,20 @@ public:
 
     // True unless locked or inherited.
     [[nodiscard]] bool IsEditable() const;
+
+    // What a user's commands change besides the values (CorvaneType_Marks). Each passes the gate, marks the
+    // record modified and tells the views; none can be undone. False changed nothing. What stands already is
+    // true, with nobody asked.
+    [[nodiscard]] bool EditComment(std::u16string_view text);
+    // A lock bears the user's name. Taking one away asks first unless `confirmed`; a silent run is not asked.
+    [[nodiscard]] bool EditLock(bool lock, bool confirmed);
+    // Needs a record with a parent. A struct takes its members along.
+    [[nodiscard]] bool CanEditInherit() const;
+    [[nodiscard]] bool EditInherit(bool inherit);
+    // For commands, these three are open while IsEditable.
+    [[nodiscard]] bool EditOverride(bool on);
+    [[nodiscard]] bool EditTodo(bool on);
+    [[nodiscard]] bool EditPlaceHolder(bool on);
 
 protected:
     // The text that a typed reader parses: the effective value, or for an index past the end the first value
@@ -92,6 +107,12 @@ protected:
         copy->SetParentRecord(record);
         return copy;
     }
+
+private:
+    [[nodiscard]] bool ConfirmUnlock() const;
+    // The frame around a change of a mark; `confirm` may still refuse it once the gate is passed.
+    [[nodiscard]] bool EditMark(bool stands, const std::function<void()>& change,
+                                const std::function<bool()>& confirm = {});
 };
 
 // The creation function of a type: a template instance that is its own default. A class that serves several

@@ -1,6 +1,7 @@
 // Windows that nobody sees: what the program hands to its user interface, printed for a test.
 #include "CorvaneMgr.h"
 #include "RecentFileList.h"
+#include "RunState.h"
 #include "UiModule.h"
 #include "Unicode.h"
 #include "host/RecordingQuestions.h"
@@ -17,6 +18,15 @@ public:
     [[nodiscard]] IQuestions& GetQuestions() override { return m_Questions; }
     [[nodiscard]] int Run() override
     {
+        // A user who made changes keeps the window first, then lets it go.
+        m_Application.GetManager().SetDirty(true);
+        m_Questions.Prepare(u"Save Changes", {EAnswer::Cancel, EAnswer::No});
+        for (int i = 0; i < 2; ++i)
+        {
+            const bool closes = m_Application.BeginClose();
+            if (closes != m_Application.GetContext().m_Run.Test(APP_CLOSING) || closes != (i == 1))
+                std::puts("the closing bit is wrong");
+        }
         std::printf("%s, %zu recent\n", m_Application.GetManager().IsOpen() ? "open" : "closed",
                     m_Application.GetRecentFiles().GetFiles().size());
         return 0;

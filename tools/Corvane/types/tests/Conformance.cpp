@@ -7,6 +7,7 @@
 #include "RecordingCreator.h"
 #include "RegisterTypes.h"
 #include "TestAttribute.h"
+#include "UndoScope.h"
 #include "Unicode.h"
 #include "UnicodeFileParse_ReadOnly.h"
 #include "UnicodeFileParse_ReadWrite.h"
@@ -159,6 +160,51 @@ TEST_P(TypeConformance, OnlyAVariableListGrowsAndShrinks)
     EXPECT_EQ(attrib.GetValue(0), m_Variable.GetTemplate().GetValue(0));
     EXPECT_FALSE(attrib.IsValueSet(0));
     EXPECT_FALSE(attrib.SetValue(0, m_Sample.m_Values[0]));
+}
+
+// An edit passes the gate, is recorded, marks the record and then stands; undo and redo bring back the file's
+// very bytes.
+TEST_P(TypeConformance, AnEditIsGatedRecordedUndoneAndRedone)
+{
+    for (CTestAttribute* test : {&m_Fixed, &m_Variable})
+    {
+        CCorvaneType& attrib = test->Get();
+        CCorvaneRecord& record = *attrib.GetParentRecord();
+        const auto save = [&] { return test->Get().GetManager()->SaveRecord(&record, false); };
+        const auto show = [&] { return ShowValues(attrib) + test->Read("All/One.record"); };
+        ASSERT_TRUE(save());
+        const std::string before = show();
+        std::string steps;
+        const auto step = [&](const char* name)
+        {
+            steps += name + std::string(test->m_Undo.Refers(attrib) ? " recorded" : "") +
+                     (record.TestFlag(RECORD_FLAG_MODIFIED) ? " marked" : "") +
+                     (ShowValues(attrib) != ShowValues(test->GetTemplate()) ? " set;" : ";");
+        };
+        test->m_Gate.m_bConnected = true;
+        test->m_Gate.m_OnAsked = [&] { step("gate"); };
+        const CObserverHandle listener =
+            record.GetChangeObservers().Add([&](CCorvaneAttrib&, std::size_t) { return step("told"), 0; });
+        {
+            CUndoScope scope(test->m_Undo);
+            // A value that is not the one that stands there already.
+            const std::u16string_view old = attrib.GetValue(0);
+            ASSERT_TRUE(attrib.SetValue(0, old == m_Sample.m_Values[0] ? u"0" : m_Sample.m_Values[0]));
+            EXPECT_EQ(steps, "gate;told recorded marked set;");
+            test->m_Gate.m_OnAsked = nullptr;
+            ASSERT_EQ(attrib.AddValue(m_Sample.m_Values[1]), test == &m_Variable);
+            scope.Accept(u"");
+        }
+        ASSERT_TRUE(save());
+        const std::string after = show();
+        for (int round = 0; round < 2; ++round)
+        {
+            ASSERT_TRUE(test->m_Undo.Undo(1) && save());
+            EXPECT_EQ(show(), before);
+            ASSERT_TRUE(test->m_Undo.Redo(1) && save());
+            EXPECT_EQ(show(), after);
+        }
+    }
 }
 
 TEST_P(TypeConformance, ARecordFileBringsTheValuesBack)
