@@ -6,6 +6,7 @@
 #include "DatabaseForms.h"
 #include "DatabaseGenerator.h"
 #include "DiskFileSystem.h"
+#include "EditMeasurement.h"
 #include "LinkMeasurement.h"
 #include "PlainReading.h"
 
@@ -32,6 +33,8 @@ constexpr SField kFields[] = {
     {"load_ms", &SMeasurement::m_nLoadMs},
     {"pack_ms", &SMeasurement::m_nPackMs},
     {"close_ms", &SMeasurement::m_nCloseMs},
+    {"edit_us", &SMeasurement::m_nEditUs},
+    {"far_edit_us", &SMeasurement::m_nFarEditUs},
     {"packed_bytes", &SMeasurement::m_nPackedBytes},
     {"start_bytes", &SMeasurement::m_nStartBytes},
     {"loaded_bytes", &SMeasurement::m_nLoadedBytes},
@@ -123,6 +126,8 @@ bool MeasureTimes(const std::filesystem::path& tree, std::size_t records, SMeasu
         return false;
     out.m_nPackMs = MillisecondsSince(start);
     out.m_nPackedBytes = static_cast<double>(std::filesystem::file_size(target));
+    if (!MeasureEdits(host, out))
+        return false;
     start = CClock::now();
     host.Close();
     out.m_nCloseMs = MillisecondsSince(start);

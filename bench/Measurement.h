@@ -16,6 +16,8 @@ struct SMeasurement
     double m_nLoadMs = 0;
     double m_nPackMs = 0;
     double m_nCloseMs = 0;
+    double m_nEditUs = 0;    // An edit of one value and its undo, the same value over and over.
+    double m_nFarEditUs = 0; // The same with values all over the database.
     double m_nPackedBytes = 0;
     double m_nStartBytes = 0;  // Memory before the load.
     double m_nLoadedBytes = 0; // Memory after the load.

@@ -14,6 +14,7 @@ constexpr double kBytesLimit = 250;
 constexpr std::size_t kMemoryFrom = 10000;
 constexpr std::size_t kGrowthFrom = 10000;
 constexpr std::size_t kGrowthTo = 100000;
+constexpr std::size_t kEditGrowthFrom = 1000;
 
 const SSizeResult* FindSize(const std::vector<SSizeResult>& results, std::size_t records)
 {
@@ -84,5 +85,11 @@ std::vector<SGoal> MakeGoals(const std::vector<SSizeResult>& results)
         goals.push_back({"growth of the load and pack ratio from 10,000", large->m_nRecords,
                          large->GetLoadAndPackRatio() / small->GetLoadAndPackRatio(), kGrowthLimit});
     }
+    const SSizeResult* least = FindSize(results, kEditGrowthFrom);
+    if (least != nullptr && large != nullptr)
+        goals.push_back({"growth of an edit from 1,000", large->m_nRecords,
+                         large->GetSpread(&SMeasurement::m_nEditUs).m_nLeast /
+                             least->GetSpread(&SMeasurement::m_nEditUs).m_nLeast,
+                         kGrowthLimit});
     return goals;
 }

@@ -109,6 +109,8 @@ void WriteSize(std::ostream& out, const SSizeResult& result)
     WriteSpread(size, "load_ms", result.GetSpread(&SMeasurement::m_nLoadMs));
     WriteSpread(size, "pack_ms", result.GetSpread(&SMeasurement::m_nPackMs));
     WriteSpread(size, "close_ms", result.GetSpread(&SMeasurement::m_nCloseMs));
+    WriteSpread(size, "edit_us", result.GetSpread(&SMeasurement::m_nEditUs));
+    WriteSpread(size, "far_edit_us", result.GetSpread(&SMeasurement::m_nFarEditUs));
     size.Number("load_ratio", result.GetLoadRatio());
     size.Number("load_and_pack_ratio", result.GetLoadAndPackRatio());
     size.Number("start_bytes", counts.m_nStartBytes);

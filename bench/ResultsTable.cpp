@@ -44,6 +44,9 @@ void PrintSize(std::ostream& out, const SSizeResult& result)
             << spread.m_nLeast << "  ms  (median " << spread.m_nMedian << ", most " << spread.m_nMost
             << ")\n";
     }
+    PrintRow(out, "an edit of a value and its undo", result.GetSpread(&SMeasurement::m_nEditUs).m_nLeast,
+             "us");
+    PrintRow(out, "  all over the database", result.GetSpread(&SMeasurement::m_nFarEditUs).m_nLeast, "us");
     PrintRow(out, "memory before the load", counts.m_nStartBytes / kMegabyte, "MB");
     PrintRow(out, "memory after the load", counts.m_nLoadedBytes / kMegabyte, "MB");
     PrintRow(out, "peak memory of load and pack", counts.m_nPeakBytes / kMegabyte, "MB");
