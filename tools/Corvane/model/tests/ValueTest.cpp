@@ -205,47 +205,44 @@ TEST_F(ValueChain, MarksPassTheGateAndHaveNoUndo)
 {
     CCorvaneRecord& record = Record("C/Middle");
     CCorvaneType& one = Attrib("C/Middle", "One");
-    const std::pair<const char*, std::function<bool(bool)>> edits[] = {
-        {"comment", [&](bool on) { return one.EditComment(on ? u"text" : u""); }},
-        {"lock", [&](bool on) { return one.EditLock(on, false); }},
-        {"inherit", [&](bool on) { return one.EditInherit(!on); }},
-        {"override", [&](bool on) { return one.EditOverride(on); }},
-        {"todo", [&](bool on) { return one.EditTodo(on); }},
-        {"place holder", [&](bool on) { return one.EditPlaceHolder(on); }},
-    };
-    const auto show = [&]
-    {
-        return ToNarrow(one.GetComment()) + ToNarrow(one.GetLockUser()) + (one.IsLocked() ? " L" : "") +
-               (one.GetInherit() ? " I" : "") + (one.GetOverride() ? " O" : "") + (one.IsTodo() ? " T" : "") +
-               (one.IsPlaceHolder() ? " P" : "");
+    const std::function<bool(bool)> edits[] = {
+        [&](bool on) { return one.EditComment(on ? u"text" : u""); },
+        [&](bool on) { return one.EditLock(on, false); },
+        [&](bool on) { return one.EditInherit(!on); },
+        [&](bool on) { return one.EditOverride(on); },
+        [&](bool on) { return one.EditTodo(on); },
+        [&](bool on) { return one.EditPlaceHolder(on); },
     };
     m_Gate.m_bConnected = true;
     m_Questions.Prepare(u"Confirm Unlock", {EAnswer::No, EAnswer::Yes});
     const CUndoScope scope(m_Undo);
     std::string states;
-    for (const auto& [name, edit] : edits)
+    const auto edit = [&](const std::function<bool(bool)>& change, bool on, bool grant)
     {
-        const std::string before = show();
-        m_Gate.m_bGrant = false;
+        m_Gate.m_bGrant = grant;
         record.SetModified(false);
-        EXPECT_FALSE(edit(true)) << name;
-        EXPECT_TRUE(show() == before && !record.TestFlag(RECORD_FLAG_MODIFIED)) << name;
-        m_Gate.m_bGrant = true;
-        EXPECT_TRUE(edit(true) && record.TestFlag(RECORD_FLAG_MODIFIED)) << name;
-        m_Gate.m_nAsked = 0;
-        EXPECT_TRUE(edit(true) && m_Gate.m_nAsked == 0) << name << " stands already";
-        states += show() + ";";
-        // A lock is taken away when the user confirms.
-        EXPECT_FALSE(std::string_view(name) == "lock" && (edit(false) || show() == before));
-        EXPECT_TRUE(edit(false) && show() == before) << name;
+        const bool done = change(on);
+        EXPECT_EQ(record.TestFlag(RECORD_FLAG_MODIFIED), done);
+        states += ToNarrow(one.GetComment()) + ToNarrow(one.GetLockUser()) + (one.IsLocked() ? "L" : "") +
+                  (one.GetInherit() ? "I" : "") + (one.GetOverride() ? "O" : "") + (one.IsTodo() ? "T" : "") +
+                  (one.IsPlaceHolder() ? "P" : "") + (done ? " " : "! ");
+    };
+    for (const std::function<bool(bool)>& change : edits)
+    {
+        edit(change, true, false);
+        edit(change, true, true);
+        EXPECT_TRUE(change(true)) << "what stands is left without asking";
+        edit(change, false, true);
     }
-    EXPECT_EQ(states, "text I;tester L I;; I O; I T; I P;");
+    edit(edits[1], false, true);
+    // The first question about the lock was answered with a no.
+    EXPECT_EQ(states, "I! textI I I! testerLI testerLI! testerLI! testerL testerLI "
+                      "testerLI! testerLIO testerLI testerLI! testerLIT testerLI "
+                      "testerLI! testerLIP testerLI I ");
     EXPECT_FALSE(m_Undo.Refers(one));
-    EXPECT_EQ(GetTitles(), "Confirm Unlock;Confirm Unlock;");
-    EXPECT_EQ(
-        ToNarrow(m_Questions.GetQuestions()[0].m_sText),
-        "This attribute has been locked by the following user.\n\nAttribute: \tOne\nLock User:\ttester\n\n"
-        "Are you sure you want to unlock this attribute?");
+    EXPECT_EQ(ToNarrow(m_Questions.GetQuestions()[0].m_sText),
+              "This attribute has been locked by the following user.\n\nAttribute: \tOne\nLock "
+              "User:\ttester\n\nAre you sure you want to unlock this attribute?");
     EXPECT_FALSE(Attrib("C/Top", "One").EditInherit(true)) << "no parent to inherit from";
 }
 
