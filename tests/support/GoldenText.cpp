@@ -1,5 +1,6 @@
 #include "GoldenText.h"
 
+#include <algorithm>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <sstream>
@@ -33,6 +34,19 @@ std::string MarkLines(const std::string& text, const std::string& mark)
     return marked;
 }
 
+namespace
+{
+// Line `number`, from 1 on.
+std::string GetLine(const std::string& text, std::ptrdiff_t number)
+{
+    std::istringstream lines(text);
+    std::string line;
+    while (number-- > 0)
+        std::getline(lines, line);
+    return line;
+}
+} // namespace
+
 void CheckGolden(const fs::path& path, const std::function<std::string(const std::string&)>& execute)
 {
     std::ifstream file(path);
@@ -51,5 +65,9 @@ void CheckGolden(const fs::path& path, const std::function<std::string(const std
         return;
     const std::string answer = path.filename().string() + ".actual";
     std::ofstream(answer) << actual;
-    ADD_FAILURE() << path << " says something else than the run, which is in " << fs::absolute(answer);
+    const auto differs = std::mismatch(actual.begin(), actual.end(), expected.begin(), expected.end());
+    const auto number = 1 + std::count(actual.begin(), differs.first, '\n');
+    ADD_FAILURE_AT(path.c_str(), static_cast<int>(number))
+        << "The run says: " << GetLine(actual, number) << "\nThe file says: " << GetLine(expected, number)
+        << "\nThe whole run is in " << fs::absolute(answer);
 }

@@ -94,7 +94,9 @@ private:
         ++m_nAsked;
         if (m_OnAsked)
             m_OnAsked();
-        return m_bGrant && (m_nGrants < 0 || m_nGrants-- > 0);
+        if (m_nGrants > 0)
+            return m_bGrant && m_nGrants-- > 0;
+        return m_bGrant && m_nGrants < 0;
     }
 };
 

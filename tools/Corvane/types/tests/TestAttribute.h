@@ -3,9 +3,8 @@
 #pragma once
 
 #include "CorvaneType.h"
-#include "DependencySink.h"
+#include "ShowObjects.h"
 #include "TestDatabase.h"
-#include "ValidationSink.h"
 
 #include <string>
 #include <string_view>
@@ -32,23 +31,4 @@ public:
     [[nodiscard]] std::string GetDependencies();
     // What a validation finds, each finding on a line.
     [[nodiscard]] std::string Check();
-};
-
-// The values as they show, separated by '|'; the rows of a struct in brackets.
-[[nodiscard]] std::string ShowValues(const CCorvaneAttrib& attrib);
-// "Name@build=values" without a build of 0; before the '=' stand '!' for a todo, '*' for a modified mark and
-// '^' for inheritance.
-[[nodiscard]] std::string ShowAttrib(const CCorvaneAttrib& attrib);
-
-// Keeps findings as lines "<severity> <type> <value index>: <description>", and dependencies as lines.
-class CRecordingSink final : public IValidationSink, public IDependencySink
-{
-public:
-    void AddError(ESeverity severity, std::u16string_view type, std::u16string_view description,
-                  CCorvaneAttrib*, std::size_t valueIndex) override;
-    void AddDependency(std::u16string_view source, std::u16string_view resource,
-                       std::u16string_view kind) override;
-    [[nodiscard]] std::uint32_t GetBuild() const override { return 0; }
-
-    std::string m_sLines;
 };
