@@ -75,6 +75,7 @@ private:
     void CopyRecord(RecordCopy copy);
     void DeleteRecord();
     void MoveRecord(RecordMove move, bool silent);
+    void MoveVirtual();
     void RenameRecord();
     void InsertCategory();
     void CreateVirtual();

@@ -39,6 +39,7 @@ CDatabaseScript::Commands CDatabaseScript::GetOperationCommands()
         {"reference-record", [this] { CopyRecord(&CCorvaneMgr::CopyRecord_Reference); }},
         {"delete-record", [this] { DeleteRecord(); }},
         {"move-record", [this] { MoveRecord(&CCorvaneMgr::MoveRecord, false); }},
+        {"move-virtual", [this] { MoveVirtual(); }},
         {"refresh-move", [this] { MoveRecord(&CCorvaneMgr::MoveRecordUnchecked, true); }},
         {"rename-record", [this] { RenameRecord(); }},
         {"insert-category", [this] { InsertCategory(); }},
@@ -112,6 +113,12 @@ void CDatabaseScript::MoveRecord(RecordMove move, bool silent)
     CCorvaneCategory* category = Category();
     Do(GetUndoText(kUndoRecordMoved, record.GetName()),
        [&] { return (m_Test.Get().*move)(category, record, silent); });
+}
+
+void CDatabaseScript::MoveVirtual()
+{
+    CCorvaneRecord& record = Record();
+    Need(m_Test.Get().MoveRecordVirtual(Category(), &record, false));
 }
 
 void CDatabaseScript::RenameRecord()

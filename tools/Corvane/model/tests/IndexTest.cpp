@@ -1,6 +1,7 @@
 // Every look-up answers as a scan in list order would, whatever happened to the tree before.
 #include "FormatText.h"
 #include "NameCompare.h"
+#include "NumberedNames.h"
 #include "TestDatabase.h"
 #include "UndoScope.h"
 #include "Unicode.h"
@@ -99,6 +100,10 @@ public:
                           Scan(category->GetRecords(), kFile, u"/d/" + text + u".record"));
                 EXPECT_EQ(manager.FindRecord(name, category), ScanNamespace(*category, name));
                 EXPECT_EQ(category->FindChild(name), Scan(category->GetChildren(), kName, name));
+                std::u16string free = text;
+                for (int number = 2; Scan(category->GetChildren(), kName, free); ++number)
+                    free = MakeNumberedName(text, number);
+                EXPECT_EQ(manager.MakeCategoryNameUnique(category, name), free);
                 const CCorvaneCategory& system = *manager.GetSystemCategory(category);
                 CCorvaneRecord* except = m_Records.empty() ? nullptr : Pick(m_Records);
                 EXPECT_EQ(manager.IsRecordNameFree(*category, name, except),
