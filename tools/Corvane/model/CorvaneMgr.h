@@ -340,6 +340,7 @@ private:
     [[nodiscard]] bool MayMoveCategory(CCorvaneCategory* pDest, CCorvaneCategory* pCategory) const;
     [[nodiscard]] bool PrepareVirtualRename(CCorvaneCategory& category);
     [[nodiscard]] bool CheckOutCategory(CCorvaneCategory& category) const;
+    void MarkRecordsOfMoved(CCorvaneCategory& category);
     void TellRenameError(const CCorvaneCategory& category, std::u16string_view reason) const;
 
     [[nodiscard]] bool FailOpen();

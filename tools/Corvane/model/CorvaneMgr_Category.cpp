@@ -36,6 +36,15 @@ bool IsBelow(const CCorvaneCategory* category, const CCorvaneCategory& top)
         category = category->GetParent();
     return category != nullptr;
 }
+
+// Records that inherit from one below the category name it by its path.
+void MarkReferenceesBelow(const CCorvaneCategory& category)
+{
+    for (const CRef<CCorvaneRecord>& record : category.GetRecords())
+        record->MarkReferenceesModified();
+    for (const CRef<CCorvaneCategory>& child : category.GetChildren())
+        MarkReferenceesBelow(*child);
+}
 } // namespace
 
 CCorvaneCategory* CCorvaneMgr::InsertCategory(CCorvaneCategory* pParent, CCorvaneSchema* pSchema)
@@ -88,9 +97,7 @@ bool CCorvaneMgr::MoveCategory(CCorvaneCategory* pDest, CCorvaneCategory* pCateg
         return false;
     pCategory->SetName(MakeCategoryNameUnique(pDest, formerName));
     pDest->AddChildCategory(*pCategory);
-    // The path in the files of the records below is another one now.
-    if (!pCategory->IsSystem())
-        MarkChildRecordsAsModified(pCategory);
+    MarkRecordsOfMoved(*pCategory);
     Notify(CCorvaneEvent(ECorvaneEvent::CategoryMoved, pCategory));
     if (m_Undo.IsRecording())
         m_Undo.AddRestorePoint(
@@ -107,8 +114,19 @@ bool CCorvaneMgr::MoveCategoryToRoot(CCorvaneCategory& category)
     Notify(CCorvaneEvent(ECorvaneEvent::CategoryMoving, &category));
     if (!parent->RemoveChildCategory(category))
         return false;
+    MarkRecordsOfMoved(category);
     Notify(CCorvaneEvent(ECorvaneEvent::CategoryMoved, &category));
     return true;
+}
+
+// The files of the records below hold the path of a virtual category, and lie in the directory of a system
+// category. The next save brings them all to the new directory, else the next load would find the records in
+// the old one.
+void CCorvaneMgr::MarkRecordsOfMoved(CCorvaneCategory& category)
+{
+    MarkChildRecordsAsModified(&category);
+    if (category.IsSystem())
+        MarkReferenceesBelow(category);
 }
 
 bool CCorvaneMgr::RenameCategory(CCorvaneCategory& category, std::u16string_view name)
@@ -126,6 +144,8 @@ bool CCorvaneMgr::RenameCategory(CCorvaneCategory& category, std::u16string_view
     if (!category.IsSystem() && oldName != newName && !PrepareVirtualRename(category))
         return false;
     category.SetName(newName);
+    if (category.IsSystem() && oldName != newName)
+        MarkRecordsOfMoved(category);
     Notify(CCorvaneEvent(ECorvaneEvent::CategoryRenamed, SCategoryRenamed{&category, oldName, newName}));
     if (m_Undo.IsRecording())
         m_Undo.AddRestorePoint(std::make_unique<CCategoryRenameRestorePoint>(category, oldName));
