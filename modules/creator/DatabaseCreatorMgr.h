@@ -6,13 +6,11 @@
 // save fail.
 #pragma once
 
-#include "CreatorHandles.h"
 #include "GameDatabaseWriter.h"
+#include "OpenDatabases.h"
 #include "idatabasecreator.h"
 
 #include <cstdint>
-#include <memory>
-#include <vector>
 
 class CDatabaseCreatorMgr final : public IDatabaseCreatorMgr
 {
@@ -37,24 +35,7 @@ public:
     void SetRecordLink(CreatorHandle attribute, std::int32_t index, CreatorHandle record) override;
 
 private:
-    struct SDatabase
-    {
-        std::uint32_t serial = 0;
-        // A call ended with an exception, so something that was asked for may be missing.
-        bool isBroken = false;
-        CGameDatabaseWriter writer;
-    };
-
-    // The open database of a handle of that kind, or null. Fast for the database of the call before.
-    SDatabase* Find(const SHandle& handle, EHandleKind kind);
-    // Runs `work` on the database of `handle` and turns an exception into `refusal`.
-    template <class Result, class Work>
-    Result Call(CreatorHandle handle, EHandleKind kind, Result refusal, const Work& work);
-    // Creates something in the database of `parent`; `add` answers its index.
-    template <class Add>
-    CreatorHandle Create(CreatorHandle parent, EHandleKind parentKind, EHandleKind kind, const Add& add);
     void SetVector(CreatorHandle attribute, std::int32_t index, EDatabaseValueType type, const float* value);
 
-    std::vector<std::unique_ptr<SDatabase>> m_Databases;
-    SDatabase* m_pRecent = nullptr;
+    COpenDatabases<CGameDatabaseWriter> m_Databases;
 };

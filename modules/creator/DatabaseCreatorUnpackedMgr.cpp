@@ -1,75 +1,21 @@
 #include "DatabaseCreatorUnpackedMgr.h"
 
-#include <algorithm>
-
-CDatabaseCreatorUnpackedMgr::SDatabase* CDatabaseCreatorUnpackedMgr::Find(const SHandle& handle,
-                                                                          EHandleKind kind)
-{
-    if (handle.kind != kind || (kind == EHandleKind::Database && handle.index != 0))
-        return nullptr;
-    const auto found = std::find_if(m_Databases.begin(), m_Databases.end(),
-                                    [&](const auto& database) { return database->serial == handle.serial; });
-    return found == m_Databases.end() ? nullptr : found->get();
-}
-
-template <class Result, class Work>
-Result CDatabaseCreatorUnpackedMgr::Call(CreatorHandle handle, EHandleKind kind, Result refusal,
-                                         const Work& work)
-{
-    const SHandle unpacked = UnpackHandle(handle);
-    SDatabase* const database = Find(unpacked, kind);
-    if (database == nullptr)
-        return refusal;
-    try
-    {
-        return work(*database, unpacked.index);
-    }
-    catch (...)
-    {
-        database->isBroken = true;
-        return refusal;
-    }
-}
-
 CreatorHandle CDatabaseCreatorUnpackedMgr::CreateDatabase()
 {
-    try
-    {
-        auto database = std::make_unique<SDatabase>();
-        database->serial = TakeSerial();
-        if (database->serial == 0)
-            return 0;
-        m_Databases.push_back(std::move(database));
-    }
-    catch (...)
-    {
-        return 0;
-    }
-    return PackHandle({EHandleKind::Database, m_Databases.back()->serial, 0});
+    return m_Databases.Create();
 }
 
 void CDatabaseCreatorUnpackedMgr::ReleaseDatabase(CreatorHandle database)
 {
-    const SDatabase* const open = Find(UnpackHandle(database), EHandleKind::Database);
-    if (open != nullptr)
-        std::erase_if(m_Databases, [open](const auto& other) { return other.get() == open; });
+    m_Databases.Release(database);
 }
 
 bool CDatabaseCreatorUnpackedMgr::SaveDatabase(CreatorHandle database, const char* databasePath,
                                                const char* constraintsPath)
 {
-    const SDatabase* const open = Find(UnpackHandle(database), EHandleKind::Database);
-    if (open == nullptr || open->isBroken || databasePath == nullptr || constraintsPath == nullptr)
-        return false;
-    // Not through Call: a save that ends with an exception changes nothing, so the next one may succeed.
-    try
-    {
-        return open->writer.Save(databasePath, constraintsPath);
-    }
-    catch (...)
-    {
-        return false;
-    }
+    return databasePath != nullptr && constraintsPath != nullptr &&
+           m_Databases.Save(database, [&](const COverrideWriter& writer)
+                            { return writer.Save(databasePath, constraintsPath); });
 }
 
 CreatorHandle CDatabaseCreatorUnpackedMgr::CreateAttribute(CreatorHandle database, const char* help,
@@ -79,64 +25,62 @@ CreatorHandle CDatabaseCreatorUnpackedMgr::CreateAttribute(CreatorHandle databas
 {
     if (help == nullptr || fullName == nullptr || data == nullptr || typeName == nullptr)
         return 0;
-    return Call(database, EHandleKind::Database, CreatorHandle{0},
-                [&](SDatabase& open, std::uint32_t)
-                {
-                    const std::uint32_t index =
-                        open.writer.AddAttribute(help, type, fullName, data, typeName, valueCount);
-                    if (index == COverrideWriter::kNone)
-                        return CreatorHandle{0};
-                    return PackHandle({EHandleKind::Attribute, open.serial, index});
-                });
+    return m_Databases.Add(database, EHandleKind::Database, EHandleKind::Attribute,
+                           [&](COverrideWriter& writer, std::uint32_t)
+                           { return writer.AddAttribute(help, type, fullName, data, typeName, valueCount); });
 }
 
 bool CDatabaseCreatorUnpackedMgr::SetIntegerLimits(CreatorHandle attribute, std::int32_t minimum,
                                                    std::int32_t maximum)
 {
-    return Call(attribute, EHandleKind::Attribute, false,
-                [&](SDatabase& open, std::uint32_t item)
-                { return open.writer.SetIntegerLimits(item, minimum, maximum); });
+    return m_Databases.Call(attribute, EHandleKind::Attribute, false,
+                            [&](COverrideWriter& writer, std::uint32_t item)
+                            { return writer.SetIntegerLimits(item, minimum, maximum); });
 }
 
 bool CDatabaseCreatorUnpackedMgr::SetFloatLimits(CreatorHandle attribute, float minimum, float maximum)
 {
-    return Call(attribute, EHandleKind::Attribute, false,
-                [&](SDatabase& open, std::uint32_t item)
-                { return open.writer.SetFloatLimits(item, minimum, maximum); });
+    return m_Databases.Call(attribute, EHandleKind::Attribute, false,
+                            [&](COverrideWriter& writer, std::uint32_t item)
+                            { return writer.SetFloatLimits(item, minimum, maximum); });
 }
 
 bool CDatabaseCreatorUnpackedMgr::SetTextLimits(CreatorHandle attribute, std::int32_t minimum,
                                                 std::int32_t maximum)
 {
-    return Call(attribute, EHandleKind::Attribute, false,
-                [&](SDatabase& open, std::uint32_t item)
-                { return open.writer.SetTextLimits(item, minimum, maximum); });
+    return m_Databases.Call(attribute, EHandleKind::Attribute, false,
+                            [&](COverrideWriter& writer, std::uint32_t item)
+                            { return writer.SetTextLimits(item, minimum, maximum); });
 }
 
 bool CDatabaseCreatorUnpackedMgr::SetInteger(CreatorHandle attribute, std::int32_t value)
 {
-    return Call(attribute, EHandleKind::Attribute, false,
-                [&](SDatabase& open, std::uint32_t item) { return open.writer.AddInteger(item, value); });
+    return m_Databases.Call(attribute, EHandleKind::Attribute, false,
+                            [&](COverrideWriter& writer, std::uint32_t item)
+                            { return writer.AddInteger(item, value); });
 }
 
 bool CDatabaseCreatorUnpackedMgr::SetFloat(CreatorHandle attribute, float value)
 {
-    return Call(attribute, EHandleKind::Attribute, false,
-                [&](SDatabase& open, std::uint32_t item) { return open.writer.AddFloat(item, value); });
+    return m_Databases.Call(attribute, EHandleKind::Attribute, false,
+                            [&](COverrideWriter& writer, std::uint32_t item)
+                            { return writer.AddFloat(item, value); });
 }
 
 bool CDatabaseCreatorUnpackedMgr::SetText(CreatorHandle attribute, const char* value)
 {
     if (value == nullptr)
         return false;
-    return Call(attribute, EHandleKind::Attribute, false,
-                [&](SDatabase& open, std::uint32_t item) { return open.writer.AddText(item, value); });
+    return m_Databases.Call(attribute, EHandleKind::Attribute, false,
+                            [&](COverrideWriter& writer, std::uint32_t item)
+                            { return writer.AddText(item, value); });
 }
 
 bool CDatabaseCreatorUnpackedMgr::SetBoolean(CreatorHandle attribute, bool value)
 {
-    return Call(attribute, EHandleKind::Attribute, false,
-                [&](SDatabase& open, std::uint32_t item) { return open.writer.AddBoolean(item, value); });
+    return m_Databases.Call(attribute, EHandleKind::Attribute, false,
+                            [&](COverrideWriter& writer, std::uint32_t item)
+                            { return writer.AddBoolean(item, value); });
 }
 
 bool CDatabaseCreatorUnpackedMgr::SetVector(CreatorHandle attribute, EDatabaseValueType type,
@@ -144,9 +88,9 @@ bool CDatabaseCreatorUnpackedMgr::SetVector(CreatorHandle attribute, EDatabaseVa
 {
     if (value == nullptr)
         return false;
-    return Call(attribute, EHandleKind::Attribute, false,
-                [&](SDatabase& open, std::uint32_t item)
-                { return open.writer.AddVector(item, type, value); });
+    return m_Databases.Call(attribute, EHandleKind::Attribute, false,
+                            [&](COverrideWriter& writer, std::uint32_t item)
+                            { return writer.AddVector(item, type, value); });
 }
 
 bool CDatabaseCreatorUnpackedMgr::SetVector2(CreatorHandle attribute, const float value[2])

@@ -5,13 +5,11 @@
 // refused with 0 or false. When memory ran out, the save fails.
 #pragma once
 
-#include "CreatorHandles.h"
+#include "OpenDatabases.h"
 #include "OverrideWriter.h"
 #include "idatabasecreator.h"
 
 #include <cstdint>
-#include <memory>
-#include <vector>
 
 class CDatabaseCreatorUnpackedMgr final : public IDatabaseCreatorUnpackedMgr
 {
@@ -37,20 +35,7 @@ public:
     bool SetVector4(CreatorHandle attribute, const float value[4]) override;
 
 private:
-    struct SDatabase
-    {
-        std::uint32_t serial = 0;
-        // A call ended with an exception, so something that was asked for may be missing.
-        bool isBroken = false;
-        COverrideWriter writer;
-    };
-
-    // The open database of a handle of that kind, or null.
-    SDatabase* Find(const SHandle& handle, EHandleKind kind);
-    // Runs `work` on the database of `handle` and turns an exception into `refusal`.
-    template <class Result, class Work>
-    Result Call(CreatorHandle handle, EHandleKind kind, Result refusal, const Work& work);
     bool SetVector(CreatorHandle attribute, EDatabaseValueType type, const float* value);
 
-    std::vector<std::unique_ptr<SDatabase>> m_Databases;
+    COpenDatabases<COverrideWriter> m_Databases;
 };

@@ -246,8 +246,8 @@ TEST_P(TypeConformance, CompileSendsTheEffectiveValues)
     int code = 0, kind = 0, count = 0;
     std::sscanf(creator.m_Calls[0].c_str(), "CreateAttribute 7 Row.0.Value %d %d %d", &code, &kind, &count);
     EXPECT_EQ(count, 3);
-    for (int i = 0; i < 3; ++i)
-        EXPECT_TRUE(creator.m_Calls[i + 1u].starts_with(GetSetter(code) + " 42 " + std::to_string(i)));
+    for (std::size_t i = 0; i < 3; ++i)
+        EXPECT_TRUE(creator.m_Calls[i + 1].starts_with(GetSetter(code) + " 42 " + std::to_string(i)));
 
     CRecordingCreator refusing;
     refusing.m_nRefusedCall = 0;
