@@ -6,9 +6,9 @@
 #include "Unicode.h"
 
 #include <algorithm>
-#include <array>
 #include <span>
 #include <unistd.h>
+#include <vector>
 
 namespace
 {
@@ -19,30 +19,36 @@ struct SAnswerWord
 };
 
 // Their first letters differ within each set of buttons, so that one letter is an answer.
-constexpr SAnswerWord kOk[] = {{EAnswer::Ok, u"OK"}};
-constexpr SAnswerWord kOkCancel[] = {{EAnswer::Ok, u"OK"}, {EAnswer::Cancel, u"Cancel"}};
-constexpr SAnswerWord kYesNo[] = {{EAnswer::Yes, u"Yes"}, {EAnswer::No, u"No"}};
-constexpr SAnswerWord kYesNoCancel[] = {
-    {EAnswer::Yes, u"Yes"}, {EAnswer::No, u"No"}, {EAnswer::Cancel, u"Cancel"}};
-constexpr SAnswerWord kAbortRetryIgnore[] = {
-    {EAnswer::Abort, u"Abort"}, {EAnswer::Retry, u"Retry"}, {EAnswer::Ignore, u"Ignore"}};
-
-std::span<const SAnswerWord> GetWords(EButtons buttons)
+std::vector<SAnswerWord> GetWords(const CQuestion& question)
 {
-    switch (buttons)
+    const std::u16string_view yes = question.m_sYes.empty() ? u"Yes" : std::u16string_view(question.m_sYes);
+    const std::u16string_view no = question.m_sNo.empty() ? u"No" : std::u16string_view(question.m_sNo);
+    switch (question.m_Buttons)
     {
     case EButtons::OkCancel:
-        return kOkCancel;
+        return {{EAnswer::Ok, u"OK"}, {EAnswer::Cancel, u"Cancel"}};
     case EButtons::YesNo:
-        return kYesNo;
+        return {{EAnswer::Yes, yes}, {EAnswer::No, no}};
     case EButtons::YesNoCancel:
-        return kYesNoCancel;
+        return {{EAnswer::Yes, yes}, {EAnswer::No, no}, {EAnswer::Cancel, u"Cancel"}};
     case EButtons::AbortRetryIgnore:
-        return kAbortRetryIgnore;
+        return {{EAnswer::Abort, u"Abort"}, {EAnswer::Retry, u"Retry"}, {EAnswer::Ignore, u"Ignore"}};
     case EButtons::Ok:
         break;
     }
-    return kOk;
+    return {{EAnswer::Ok, u"OK"}};
+}
+
+// What is asked: the title with the text, then what only some questions have.
+std::u16string GetQuestionText(const CQuestion& question)
+{
+    std::u16string text = question.m_sTitle + u": " + question.m_sText + u"\n";
+    for (const std::u16string* more : {&question.m_sFile, &question.m_sWarning})
+    {
+        if (!more->empty())
+            text += u"\n" + *more + u"\n";
+    }
+    return text;
 }
 
 std::u16string GetPrompt(std::span<const SAnswerWord> words)
@@ -149,20 +155,19 @@ CConsoleQuestions::CConsoleQuestions()
 EAnswer CConsoleQuestions::Ask(const CQuestion& question)
 {
     ClearLine();
-    Print(m_pOut, question.m_sTitle + u": " + question.m_sText + u"\n");
+    Print(m_pOut, GetQuestionText(question));
     if (question.m_Buttons == EButtons::Ok)
         return EAnswer::Ok;
     if (m_bInteractive && !m_bUnattended)
         return ReadAnswer(question);
     Print(m_pOut,
-          std::u16string(u"  Answer: ").append(GetWord(GetWords(question.m_Buttons), question.m_Unattended)) +
-              u"\n");
+          std::u16string(u"  Answer: ").append(GetWord(GetWords(question), question.m_Unattended)) + u"\n");
     return question.m_Unattended;
 }
 
 EAnswer CConsoleQuestions::ReadAnswer(const CQuestion& question)
 {
-    const std::span<const SAnswerWord> words = GetWords(question.m_Buttons);
+    const std::vector<SAnswerWord> words = GetWords(question);
     std::u16string line;
     do
     {

@@ -22,7 +22,13 @@ EAnswer GetUnattendedAnswer(EButtons buttons)
 
 CQuestion MakeQuestion(std::u16string_view title, std::u16string_view text, EButtons buttons, EIcon icon)
 {
-    return {std::u16string(title), std::u16string(text), buttons, icon, GetUnattendedAnswer(buttons)};
+    CQuestion question;
+    question.m_sTitle = title;
+    question.m_sText = text;
+    question.m_Buttons = buttons;
+    question.m_Icon = icon;
+    question.m_Unattended = GetUnattendedAnswer(buttons);
+    return question;
 }
 
 void IQuestions::Tell(std::u16string_view title, std::u16string_view text, EIcon icon)

@@ -45,6 +45,11 @@ struct CQuestion
     EIcon m_Icon = EIcon::Exclamation;
     // The answer that changes nothing: what a host takes when there is nobody to ask.
     EAnswer m_Unattended = EAnswer::Ok;
+    // What a plain message box does not have; empty there.
+    std::u16string m_sFile;    // The file that the question is about, on a read-only line of its own.
+    std::u16string m_sWarning; // Set apart from the text.
+    std::u16string m_sYes;     // Other words on the buttons than Yes and No.
+    std::u16string m_sNo;
 };
 
 // A question with the unattended answer that fits its buttons: Ok, Cancel (with OK), No, Cancel (with Yes

@@ -3,6 +3,7 @@
 #include "ScratchDir.h"
 #include "Unicode.h"
 #include "host/ConsoleQuestions.h"
+#include "host/ExternalChange.h"
 #include "host/Interrupt.h"
 #include "host/SilentQuestions.h"
 #include "host/SystemServices.h"
@@ -79,6 +80,31 @@ TEST(ConsoleQuestions, OnATerminalItAsksUntilItUnderstands)
               question + "  (Yes/No/Cancel)   (Yes/No/Cancel)   (Yes/No/Cancel) " + question +
                   "  (OK/Cancel) " + question + "  (Yes/No) " + question + "  (Yes/No) \n" + question +
                   question + "  Answer: No\n");
+}
+
+TEST(ConsoleQuestions, QuestionsOfARefreshComeWithFileWarningAndWordsOfTheirOwn)
+{
+    const CQuestion deletion = MakeExternalDeletionQuestion(u"C:\\a.record");
+    const auto ask = [&](CConsoleQuestions& console)
+    {
+        EXPECT_EQ(console.Ask(deletion), EAnswer::Yes);
+        console.SetUnattended();
+        EXPECT_EQ(console.Ask(MakeExternalModificationQuestion(u"b.schema")), EAnswer::No);
+    };
+    EXPECT_EQ(
+        Print("yes\nr\n", true, ask),
+        "External File Deletion: The following file has been deleted by an external application.  This file "
+        "has also been checked out and/or edit since it was last loaded from disk.\n\nWould you like to "
+        "remove the file from the database?\n\nC:\\a.record\n\nWARNING: Removing the file from the database "
+        "will result in the loss of all memory changes made to the file.\n"
+        "  (Remove From Database/Keep Memory Changes)   (Remove From Database/Keep Memory Changes) "
+        "External File Modification: The following file has been modified by an external application.  This "
+        "file has also been checked out and/or edit since it was last loaded from disk.\n\nWould you like "
+        "to reload the file from disk or keep the contents stored in memory?\n\nb.schema\n\nWARNING: "
+        "Reloading of the file from disk will result in the loss of all memory changes made to the file.\n"
+        "  Answer: Keep Memory Changes\n");
+    CSilentQuestions silent;
+    EXPECT_EQ(silent.Ask(deletion), EAnswer::Abort);
 }
 
 TEST(ConsoleQuestions, ProgressIsOneLineThatGivesWayToMessages)
