@@ -110,7 +110,7 @@ bool CCorvaneCategory::ReloadFromFile()
     if (m_sFile.empty())
         return false;
     CUnicodeFileParse_ReadOnly parser(m_Manager.GetContext().m_Files);
-    if (!parser.Import(m_sFile, 0))
+    if (!ImportSourceFile(m_Manager, parser, m_sFile, u"Invalid Category File Format", u"category"))
         return false;
     std::u16string comment, help;
     parser.ReadString(kSection, u"Comment", comment);
@@ -127,25 +127,87 @@ bool CCorvaneCategory::SaveToFile(std::u16string_view path)
     if (!IsSystem())
         return true;
     ZRASSERT(EndsInSeparator(path));
-    IFileSystem& files = m_Manager.GetContext().m_Files;
-    const std::u16string directory = std::u16string(path) + m_sName;
-    const CFileError error = files.CreateDirectory(directory);
-    if (!error.IsOk() && error.m_Code != EFileError::AlreadyExists)
+    const std::u16string file = MakeFilePath(path);
+    if (file.empty() || !CreateOwnDirectory(WithoutLastSeparator(GetDirectoryPart(file))))
         return false;
+    TakeNameFrom(file);
+    if (!EqualNames(file, m_sFile))
+    {
+        m_Stamp = {}; // A file that was never there must not look like one that vanished.
+        m_FormerFiles.push_back(m_sFile);
+    }
+    SetFile(file);
+    WriteOwnFile();
+    return true;
+}
 
-    CUnicodeFileParse_ReadWrite writer(files);
+std::u16string CCorvaneCategory::MakeFilePath(std::u16string_view path) const
+{
+    const std::u16string base = MakeFileBaseName(m_sName);
+    const std::u16string tail = GetSeparator(std::u16string(path) + base) + std::u16string(u"cvd.category");
+    // Another category's directory is as little this one's as a sibling's name that is still to be saved.
+    const auto isTaken = [this](std::u16string_view file)
+    {
+        const std::u16string_view name = GetFileNamePart(WithoutLastSeparator(GetDirectoryPart(file)));
+        return !EqualNames(name, m_sName) && !m_Manager.IsCategoryNameFree(m_pParent, name);
+    };
+    // A directory that it had before is its own: the undo of a rename leads back to it, or another Save As.
+    const auto isOwn = [this](std::u16string_view file)
+    {
+        return EqualNames(file, m_sFile) ||
+               std::any_of(m_FormerFiles.begin(), m_FormerFiles.end(),
+                           [&](const std::u16string& former) { return EqualNames(file, former); });
+    };
+    return MakeFreePath(m_Manager, path, base, tail, isOwn, isTaken);
+}
+
+// The next load takes the name from the directory.
+void CCorvaneCategory::TakeNameFrom(std::u16string_view file)
+{
+    const std::u16string_view name = GetFileNamePart(WithoutLastSeparator(GetDirectoryPart(file)));
+    if (name == m_sName)
+        return;
+    const std::u16string old = m_sName;
+    SetName(name);
+    m_Manager.Notify(CCorvaneEvent(ECorvaneEvent::CategoryRenamed, SCategoryRenamed{this, old, m_sName}));
+}
+
+bool CCorvaneCategory::CreateOwnDirectory(std::u16string_view directory) const
+{
+    const CCorvaneContext& context = m_Manager.GetContext();
+    const CFileError error = context.m_Files.CreateDirectory(directory);
+    if (error.IsOk() || error.m_Code == EFileError::AlreadyExists)
+        return true;
+    context.m_Questions.Tell(
+        u"Write Error",
+        FormatText(u"The following directory could not be created: %s.\n\n%s", error.GetText(), directory),
+        EIcon::Stop);
+    return false;
+}
+
+void CCorvaneCategory::WriteOwnFile()
+{
+    const CCorvaneContext& context = m_Manager.GetContext();
+    CUnicodeFileParse_ReadWrite writer(context.m_Files);
     writer.WriteString(kSection, u"Schema", m_pSchema ? m_pSchema->GetName() : std::u16string());
     writer.WriteString(kSection, u"Comment", EncodeMultiLine(m_sComment));
     writer.WriteString(kSection, u"Help", EncodeMultiLine(m_sHelp));
     writer.WriteBoolean(kSection, u"System", true);
-    const std::u16string file = directory + GetSeparator(directory) + u"cvd.category";
-    // A category file that cannot be written stays as it was: it is written at every save, changed or not.
-    const bool written = writer.Export(file, EXPORT_UTF16LE);
-    SetFile(file);
-    SFileInfo info;
-    if (written && files.GetInfo(file, info).IsOk())
-        m_Stamp = info.m_Stamp;
-    return true;
+    if (writer.Export(m_sFile, EXPORT_UTF16LE))
+    {
+        SFileInfo info;
+        if (context.m_Files.GetInfo(m_sFile, info).IsOk())
+            m_Stamp = info.m_Stamp;
+        return;
+    }
+    // A category file that cannot be written stays as it was: it is written at every save, changed or not. A
+    // read-only one is meant to stay.
+    const CFileError& error = writer.GetLastError();
+    if (error.m_Code != EFileError::ReadOnly)
+        context.m_Questions.Tell(u"Write Error",
+                                 FormatText(u"The following category file could not be written: %s.\n\n%s",
+                                            error.GetText(), m_sFile),
+                                 EIcon::Stop);
 }
 
 CreatorHandle CCorvaneCategory::AddToDatabase(IDatabaseCreatorMgr& creator, CreatorHandle database)

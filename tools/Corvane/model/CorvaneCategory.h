@@ -38,8 +38,11 @@ public:
     // `path` is the category file. Null when the category is not part of the database.
     [[nodiscard]] static CRef<CCorvaneCategory> CreateFromFile(CCorvaneMgr& manager, std::u16string_view path,
                                                                CCorvaneCategory* parent);
+    // False has told why and leaves the category as it is.
     [[nodiscard]] bool ReloadFromFile();
-    // `path` is the parent's directory with its last separator. Virtual categories have nothing to write.
+    // `path` is the parent's directory with its last separator. Virtual categories have nothing to write. The
+    // category takes another name where its directory would be another category's. False, having told why,
+    // when there is no directory; a category file that cannot be written is told and does not count.
     [[nodiscard]] virtual bool SaveToFile(std::u16string_view path);
     [[nodiscard]] virtual CreatorHandle AddToDatabase(IDatabaseCreatorMgr& creator, CreatorHandle database);
     // 0 for an ordinary category; others are not released by a delete.
@@ -108,6 +111,10 @@ private:
     // Runs `change`, which may put the records of `root` and of the virtual categories below it under another
     // index, and takes them along.
     template <class Change> static void Rehome(CCorvaneCategory& root, Change change);
+    [[nodiscard]] std::u16string MakeFilePath(std::u16string_view path) const;
+    void TakeNameFrom(std::u16string_view file);
+    [[nodiscard]] bool CreateOwnDirectory(std::u16string_view directory) const;
+    void WriteOwnFile();
     [[nodiscard]] CCorvaneCategory* ScanChildren(std::u16string_view name, bool virtualOnly) const;
     [[nodiscard]] CCorvaneRecord* ScanNamespace(std::u16string_view name) const;
     void SetSystem(bool system);
@@ -121,6 +128,7 @@ private:
     std::u16string m_sComment;
     std::u16string m_sHelp;
     std::u16string m_sFile;
+    std::vector<std::u16string> m_FormerFiles; // Still on the disk when it was renamed, moved or saved as.
     CRef<CCorvaneSchema> m_pSchema;
     CCorvaneCategory* m_pParent;
     SFileStamp m_Stamp;

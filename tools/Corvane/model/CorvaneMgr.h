@@ -78,7 +78,9 @@ public:
     void EnumerateCustomFiles(const std::function<void(ICorvaneCustomFile&)>& callback);
     [[nodiscard]] bool IsOpen() const { return !m_Root.m_sDatabase.empty(); }
 
-    // Save (CorvaneMgr_Save). `path` empty keeps the place.
+    // Save (CorvaneMgr_Save). `path` empty keeps the place; another one gets the categories and records, with
+    // every directory that it needs, while schemas stay. What could not be written was told and waits, marked
+    // as modified, for the next save.
     [[nodiscard]] bool SaveDatabase(std::u16string_view path, bool force);
     [[nodiscard]] bool SaveSchema(CCorvaneSchema* pSchema);
     [[nodiscard]] bool SaveCategory(CCorvaneCategory* pCategory, std::u16string* outDir);
@@ -149,6 +151,15 @@ public:
     [[nodiscard]] bool CheckRecordRename(const CCorvaneRecord& record, std::u16string_view name) const;
     // Brings a deleted record back, in line with its schema as it is by now. False when its category is gone.
     [[nodiscard]] bool ReinsertRecord(CCorvaneRecord& record);
+
+    // Refreshes from the disk (CorvaneMgr_Refresh). What changed, came or went there does so in memory;
+    // objects that are modified or checked out by this user only when he agrees. Nothing that the disk gives
+    // no answer about is dropped. False when there was nothing to look at: no database, no directory, or a
+    // refresh is running already.
+    bool RefreshDatabase();
+    // What lies below the category is refreshed too, and its new records are read; no new category is.
+    bool RefreshCategory(CCorvaneCategory& category);
+    bool RefreshRecord(CCorvaneRecord& record);
 
     // Look-ups (CorvaneMgr_Find), each as a scan in list order would answer.
     [[nodiscard]] CCorvaneSchema* FindSchema(std::u16string_view name) const;
@@ -256,8 +267,8 @@ public:
     [[nodiscard]] CObserverHandle AddObserver(CObserverList<const CCorvaneEvent&>::FCallback callback);
     int Notify(const CCorvaneEvent& event) const { return m_Observers.Notify(event); }
 
-    // Connects every schema to its parent and tells which parents are missing.
-    void ConnectSchemaParents();
+    // Connects every schema from place `first` on to its parent and tells which parents are missing.
+    void ConnectSchemaParents(std::size_t first = 0);
     // Tree building, for the loader and for operations. A category whose name is taken gives the one that is
     // there.
     CCorvaneCategory* AddCategory(CRef<CCorvaneCategory> category);
@@ -304,6 +315,7 @@ public:
 private:
     friend class CCorvaneCategory;
     friend class CCorvaneSchema;
+    friend class CDatabaseRefresh;
 
     [[nodiscard]] bool AskYes(std::u16string_view title, std::u16string_view text) const;
     // Sends a file to the recycle bin, or where there is none deletes it for good when the user agrees. False
@@ -315,7 +327,6 @@ private:
     void AddNewRecord(CCorvaneCategory& parent, CCorvaneRecord& record, ERestoreAction action);
     void RecordAction(CCorvaneRecord& record, ERestoreAction action);
     [[nodiscard]] bool MayMoveRecord(const CCorvaneCategory* dest, CCorvaneRecord& record) const;
-    [[nodiscard]] bool MakeDirectory(CCorvaneCategory& category);
     [[nodiscard]] bool TakeUnderControl(CCorvaneCategory& dest, CCorvaneRecord& record);
     [[nodiscard]] bool MoveToDirectory(CCorvaneCategory& dest, CCorvaneCategory& system,
                                        CCorvaneRecord& record, bool silent);
@@ -343,6 +354,7 @@ private:
     void MarkRecordsOfMoved(CCorvaneCategory& category);
     void TellRenameError(const CCorvaneCategory& category, std::u16string_view reason) const;
 
+    [[nodiscard]] bool MoveToPlace(std::u16string_view path);
     [[nodiscard]] bool FailOpen();
     [[nodiscard]] bool ConnectSourceControl();
     void ReadPerUserFile();

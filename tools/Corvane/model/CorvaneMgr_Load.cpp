@@ -235,10 +235,11 @@ void CCorvaneMgr::LoadSchemas(const SSourceDirectory& directory)
     }
 }
 
-void CCorvaneMgr::ConnectSchemaParents()
+void CCorvaneMgr::ConnectSchemaParents(std::size_t first)
 {
-    for (const CRef<CCorvaneSchema>& schema : m_Schemas)
+    for (std::size_t i = first; i < m_Schemas.size(); ++i)
     {
+        const CRef<CCorvaneSchema> schema = m_Schemas[i];
         if (schema->ConnectParent())
             continue;
         m_Context.m_Questions.Tell(

@@ -231,6 +231,8 @@ void CCorvaneMgr::RenameRecordFile(CCorvaneRecord& record)
     const SPathParts parts = SplitPath(file);
     const std::u16string path = record.MakeFreeFilePath(*system, GetDirectoryPart(file),
                                                         MakeFileBaseName(record.GetName()), parts.extension);
+    if (path.empty())
+        return;
     const CFileError error = files.Rename(file, path, false);
     if (error.IsOk() || error.m_Code == EFileError::NotFound)
         record.SetFile(path);

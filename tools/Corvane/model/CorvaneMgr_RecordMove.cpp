@@ -80,7 +80,7 @@ bool CCorvaneMgr::MoveRecord(CCorvaneCategory* dest, CCorvaneRecord& record, boo
         Notify(CCorvaneEvent(ECorvaneEvent::RecordMoved, &record));
         return true;
     }
-    if (system == nullptr || !system->IsAttached() || !MakeDirectory(*system))
+    if (system == nullptr || !system->IsAttached() || !SaveCategory(system, nullptr))
         return false;
     const CStateScope moving(m_Context.m_Run, APP_MOVING);
     const bool controlled = !silent && m_Gate.IsConnected();
@@ -95,20 +95,6 @@ bool CCorvaneMgr::MoveRecord(CCorvaneCategory* dest, CCorvaneRecord& record, boo
     }
     FinishRecordMove(record, std::move(former));
     return true;
-}
-
-bool CCorvaneMgr::MakeDirectory(CCorvaneCategory& category)
-{
-    if (SaveCategory(&category, nullptr))
-        return true;
-    std::u16string path;
-    GetCategoryPath(&category, path);
-    m_Context.m_Questions.Tell(
-        u"Move Record Failed",
-        FormatText(u"Failed to move record: The directory of the destination category could not be made.\n\n"
-                   u"%s",
-                   path));
-    return false;
 }
 
 bool CCorvaneMgr::TakeUnderControl(CCorvaneCategory& dest, CCorvaneRecord& record)

@@ -1,6 +1,8 @@
 // Writing the database back to its tree of files. The root file is never written.
 #include "CorvaneMgr.h"
 
+#include "FormatText.h"
+#include "NameCompare.h"
 #include "Path.h"
 #include "SaveProgress.h"
 #include "host/Questions.h"
@@ -79,32 +81,53 @@ public:
         return true;
     }
 
-    bool SaveCategoryTree(const std::u16string& directory, CCorvaneCategory& category)
+    // `home` is where the files of the nearest system category above belong.
+    bool SaveCategoryTree(const std::u16string& directory, CCorvaneCategory& category, std::u16string home)
     {
-        bool good = category.GetCategoryType() != 0 || category.SaveToFile(directory);
+        const bool special = category.GetCategoryType() != 0;
+        bool good = special || category.SaveToFile(directory);
         m_Progress.AddDone(SAVE_CATEGORIES, 1);
-        if (category.GetCategoryType() != 0)
+        if (special)
             return true;
+        const std::u16string below = directory + category.GetName() + GetSeparator(directory);
+        if (category.IsSystem())
+            home = below;
+        // Copies of the lists: a check-out may bring a refresh with it.
         for (const CRef<CCorvaneRecord>& record :
              std::vector(category.GetRecords().begin(), category.GetRecords().end()))
         {
-            good = SaveOne(*record) && good;
+            good = SaveOne(*record, home) && good;
             m_Progress.AddDone(SAVE_RECORDS, 1);
         }
-        const std::u16string below = directory + category.GetName() + GetSeparator(directory);
-        for (const CRef<CCorvaneCategory>& child : category.GetChildren())
-            good = SaveCategoryTree(below, *child) && good;
+        for (const CRef<CCorvaneCategory>& child :
+             std::vector(category.GetChildren().begin(), category.GetChildren().end()))
+            good = SaveCategoryTree(below, *child, home) && good;
         return good;
     }
 
 private:
-    bool SaveOne(CCorvaneRecord& record)
+    bool SaveOne(CCorvaneRecord& record, const std::u16string& home)
     {
         m_Progress.Show();
-        if (m_Window.Pump() || !record.SaveToFile(m_bForce))
+        const bool wanted = m_bForce || record.TestFlag(RECORD_FLAG_MODIFIED);
+        if (m_Window.Pump() || (wanted && !HasHome(record, home)))
+        {
+            // It waits for the next save. Its former place, which may be another database's, is left alone.
+            if (wanted && !EqualNames(GetDirectoryPart(record.GetFile()), home))
+                record.SetModified(true);
+            return false;
+        }
+        if (!record.SaveToFile(m_bForce))
             return false;
         m_Progress.AddDone(SAVE_ATTRIBUTES, record.GetAttributeList().size());
         return true;
+    }
+
+    // False when the category could not make its directory.
+    [[nodiscard]] bool HasHome(const CCorvaneRecord& record, const std::u16string& home) const
+    {
+        const CCorvaneCategory* system = m_Manager.GetSystemCategory(record.GetCategory());
+        return system != nullptr && EqualNames(GetDirectoryPart(system->GetFile()), home);
     }
 
     CCorvaneMgr& m_Manager;
@@ -120,24 +143,29 @@ bool CCorvaneMgr::SaveDatabase(std::u16string_view path, bool force)
     CTreeSave save(*this, *window, force);
     save.Count();
     static_cast<void>(save.Step(u"Initializing..."));
-    if (!path.empty())
+    const std::u16string formerRoot = m_sRootFile;
+    if (!path.empty() && !MoveToPlace(path))
+        return false;
+    // Cancelled before anything went to the other place, the database stays where it is.
+    const auto cancel = [&]
     {
-        m_sRootFile = path;
-        m_sDirectory = CutBehindLastSeparator(path);
-    }
+        m_sRootFile = formerRoot;
+        m_sDirectory = CutBehindLastSeparator(formerRoot);
+        return false;
+    };
     Notify(CCorvaneEvent(ECorvaneEvent::SaveBegin));
     if (!save.Step(u"Saving Schema Files..."))
-        return false;
+        return cancel();
     Notify(CCorvaneEvent(ECorvaneEvent::SchemasSaveBegin));
     if (!save.SaveSchemas())
-        return false;
+        return cancel();
     Notify(CCorvaneEvent(ECorvaneEvent::SchemasSaveEnd));
     if (!save.Step(u"Saving Category and Record Files..."))
-        return false;
+        return cancel();
     Notify(CCorvaneEvent(ECorvaneEvent::CategoriesSaveBegin));
     bool good = true;
-    for (const CRef<CCorvaneCategory>& category : m_RootCategories)
-        good = save.SaveCategoryTree(m_sDirectory, *category) && good;
+    for (const CRef<CCorvaneCategory>& category : std::vector(m_RootCategories))
+        good = save.SaveCategoryTree(m_sDirectory, *category, {}) && good;
     if (!good)
         m_Context.m_Questions.Tell(u"Save Failed",
                                    u"The database failed to save.  There were 1 or more errors encountered.",
@@ -147,6 +175,24 @@ bool CCorvaneMgr::SaveDatabase(std::u16string_view path, bool force)
     Notify(CCorvaneEvent(ECorvaneEvent::SaveComplete));
     Notify(CCorvaneEvent(ECorvaneEvent::SaveEnd));
     return good;
+}
+
+// From now on the database lies where `path` says. False leaves it where it is.
+bool CCorvaneMgr::MoveToPlace(std::u16string_view path)
+{
+    const CFileError error = m_Context.m_Files.CreateDirectoryTree(path);
+    if (!error.IsOk())
+    {
+        m_Context.m_Questions.Tell(
+            u"Write Error",
+            FormatText(u"The directory of the following file could not be created: %s.\n\n%s",
+                       error.GetText(), path),
+            EIcon::Stop);
+        return false;
+    }
+    m_sRootFile = path;
+    m_sDirectory = CutBehindLastSeparator(path);
+    return true;
 }
 
 bool CCorvaneMgr::SaveSchema(CCorvaneSchema* pSchema)

@@ -18,6 +18,7 @@ class CCorvaneSchema;
 class CRecordLayout;
 class CUnicodeFileParse_ReadOnly;
 class IRecordDocument;
+enum class EWriteResult;
 
 enum ERecordFlags : std::uint32_t
 {
@@ -37,10 +38,11 @@ public:
     [[nodiscard]] static CRef<CCorvaneRecord> CreateFromFile(std::u16string_view path,
                                                              CCorvaneCategory& category,
                                                              const CRecordLayout* layout = nullptr);
-    // Brings the record in line with its changed file; false leaves it as it is.
+    // Brings the record in line with its changed file; false has told why and leaves it as it is.
     [[nodiscard]] virtual bool ReloadFromFile();
     // Writes the record's file in its system category's directory. Without `force` an unmodified record is
-    // done at once.
+    // done at once. A record that is not written stays modified, or becomes so where its file is to lie in
+    // another place.
     [[nodiscard]] virtual bool SaveToFile(bool force);
     // The record's handle in an output; 0 is a refusal.
     [[nodiscard]] virtual CreatorHandle AddToDatabase(IDatabaseCreatorMgr& creator, CreatorHandle category);
@@ -113,7 +115,8 @@ public:
     [[nodiscard]] CCorvaneMgr& GetManager() const { return m_Manager; }
 
     // `directory` + `base` + `extension`, numbered where that is the file of something else: neither on the
-    // disk nor in memory may two records have one file. `system` is the category of the directory.
+    // disk nor in memory may two records have one file. `system` is the category of the directory. Empty,
+    // having told why, when the disk gives no answer.
     [[nodiscard]] std::u16string MakeFreeFilePath(const CCorvaneCategory& system,
                                                   std::u16string_view directory, std::u16string_view base,
                                                   std::u16string_view extension) const;
@@ -131,6 +134,7 @@ private:
     void LeaveParent();
     void OrphanReferencees();
     [[nodiscard]] bool PassTextGate();
+    [[nodiscard]] EWriteResult WriteOwnFile();
     [[nodiscard]] bool FillWriter(IUnicodeFileParse& writer) const;
     [[nodiscard]] std::u16string MakeFilePath(const CCorvaneCategory& systemCategory) const;
 

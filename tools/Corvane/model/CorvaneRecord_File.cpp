@@ -131,7 +131,7 @@ bool CCorvaneRecord::ReloadFromFile()
     if (m_sFile.empty())
         return false;
     CUnicodeFileParse_ReadOnly parser(m_Manager.GetContext().m_Files);
-    if (!parser.Import(m_sFile, 0))
+    if (!ImportSourceFile(m_Manager, parser, m_sFile, u"Invalid Record File Format", u"record"))
         return false;
     const CRecordSections sections(parser, nullptr);
     const CRef<CCorvaneRecord> keepAlive(this);
@@ -140,13 +140,20 @@ bool CCorvaneRecord::ReloadFromFile()
     CCorvaneCategory* system = m_Manager.GetCategoryForRecord(this);
     const std::u16string_view offset = sections.ReadHead(u"VirtualRelativeCategory");
     CCorvaneCategory* target = system ? m_Manager.GetVirtualRelativeCategory(system, offset) : nullptr;
+    const bool dirty = m_Manager.IsDirty();
     if (target && target != GetCategory())
         m_Manager.MoveRecordUnchecked(target, *this, true);
+    // The move followed the file, so that there is nothing to save but what refers to the record.
     SetFlag(RECORD_FLAG_MODIFIED, false);
+    if (m_Referencees.empty())
+        m_Manager.SetDirty(dirty);
 
-    const std::u16string old = std::exchange(m_sName, std::u16string(sections.ReadHead(u"Name")));
-    if (m_pCategory)
-        m_pCategory->OnRecordNamed(*this, old);
+    if (const std::u16string_view name = sections.ReadHead(u"Name"); name.data())
+    {
+        const std::u16string old = std::exchange(m_sName, std::u16string(name));
+        if (m_pCategory)
+            m_pCategory->OnRecordNamed(*this, old);
+    }
     m_sComment = DecodeMultiLine(sections.ReadHead(u"Comment"));
     if (const std::u16string_view parent = sections.ReadParent(); parent.data())
         m_sHierarchy = parent;
@@ -182,12 +189,10 @@ std::u16string CCorvaneRecord::MakeFilePath(const CCorvaneCategory& systemCatego
 std::u16string CCorvaneRecord::MakeFreeFilePath(const CCorvaneCategory& system, std::u16string_view directory,
                                                 std::u16string_view base, std::u16string_view extension) const
 {
-    IFileSystem& files = m_Manager.GetContext().m_Files;
-    std::u16string path = FormatText(u"%s%s%s", directory, base, extension);
-    for (int number = 2; !EqualNames(path, m_sFile) && (files.Exists(path) || system.IsFileTaken(path, this));
-         ++number)
-        path = FormatText(u"%s%s (%d)%s", directory, base, number, extension);
-    return path;
+    return MakeFreePath(
+        m_Manager, directory, base, extension,
+        [this](std::u16string_view path) { return EqualNames(path, m_sFile); },
+        [&](std::u16string_view path) { return system.IsFileTaken(path, this); });
 }
 
 bool CCorvaneRecord::SaveToFile(bool force)
@@ -197,11 +202,29 @@ bool CCorvaneRecord::SaveToFile(bool force)
     const CCorvaneCategory* system = m_Manager.GetSystemCategory(m_pCategory.Get());
     if (system == nullptr || system->GetFile().empty())
         return false;
-    SetFile(MakeFilePath(*system));
+    const std::u16string former = m_sFile;
+    const std::u16string path = MakeFilePath(*system);
+    if (path != former)
+        SetFile(path);
+    const EWriteResult result = path.empty() ? EWriteResult::Aborted : WriteOwnFile();
+    if (result == EWriteResult::Written)
+    {
+        SetFlag(RECORD_FLAG_MODIFIED, false);
+    }
+    else if (path != former)
+    {
+        // There is no such file, so that the record keeps the one that it has and waits for the next save.
+        SetFile(former);
+        SetModified(true);
+    }
+    return result != EWriteResult::Aborted;
+}
 
+EWriteResult CCorvaneRecord::WriteOwnFile()
+{
     CUnicodeFileParse_ReadWrite writer(m_Manager.GetContext().m_Files);
     if (!FillWriter(writer))
-        return false;
+        return EWriteResult::Aborted;
     CSourceGate& gate = m_Manager.GetGate();
     if (gate.IsConnected() && gate.IsControlled(m_sFile) && !gate.IsMine(m_sFile) &&
         !gate.CheckOutForEdit(*this))
@@ -210,12 +233,9 @@ bool CCorvaneRecord::SaveToFile(bool force)
             u"Record Check Out Failed",
             FormatText(u"Failed to check the following file out.  The file cannot be saved.\n\n%s", m_sFile),
             EIcon::Stop);
-        return false;
+        return EWriteResult::Aborted;
     }
-    const EWriteResult result = WriteSourceFile(m_Manager, writer, m_sFile, m_Stamp);
-    if (result == EWriteResult::Written)
-        SetFlag(RECORD_FLAG_MODIFIED, false);
-    return result != EWriteResult::Aborted;
+    return WriteSourceFile(m_Manager, writer, m_sFile, m_Stamp);
 }
 
 bool CCorvaneRecord::FillWriter(IUnicodeFileParse& writer) const

@@ -251,6 +251,7 @@ bool CCorvaneSchema::ReloadFromFile()
     const std::u16string path = m_sFile;
     if (!CreateFromFile(m_Manager, path, this))
         return false;
+    SetFlag(SCHEMA_FLAG_MODIFIED, false);
     for (const CRef<CCorvaneAttrib>& attrib : m_pTemplateRecord->GetAttributeList())
     {
         for (const SOldEntry& old : before)
@@ -261,11 +262,11 @@ bool CCorvaneSchema::ReloadFromFile()
                 attrib->AdoptIdentity(*old.m_pAttrib);
         }
     }
-    ReconnectDerived();
+    Reconnect();
     return true;
 }
 
-void CCorvaneSchema::ReconnectDerived()
+void CCorvaneSchema::Reconnect()
 {
     // This schema's own name may have changed, so that any schema may have gained or lost it as an ancestor.
     for (const CRef<CCorvaneSchema>& schema : m_Manager.GetSchemas())
@@ -295,16 +296,20 @@ void CCorvaneSchema::DropInherited()
 
 std::u16string CCorvaneSchema::MakeFilePath(std::u16string_view path) const
 {
+    const auto isOwn = [this](std::u16string_view file) { return EqualNames(file, m_sFile); };
+    const auto isTaken = [](std::u16string_view) { return false; };
     if (m_sFile.empty())
     {
         ZRASSERT_MSG(EndsInSeparator(path),
                      "(szPath[_tcsclen(szPath)-1] == '/') || (szPath[_tcsclen(szPath)-1] == '\\\\')");
-        return std::u16string(path) + MakeFileBaseName(m_sName) + u".schema";
+        return MakeFreePath(m_Manager, path, MakeFileBaseName(m_sName), u".schema", isOwn, isTaken);
     }
-    if (path.empty())
+    // The disk's own spelling, ".SCHEMA" perhaps, names the same file.
+    if (path.empty() || EqualNames(path, m_sFile))
         return m_sFile;
     // A rename of a schema never renames its file.
-    return std::u16string(GetDirectoryPart(path)) + std::u16string(SplitPath(m_sFile).name) + u".schema";
+    return MakeFreePath(m_Manager, GetDirectoryPart(path), SplitPath(m_sFile).name, u".schema", isOwn,
+                        isTaken);
 }
 
 CCorvaneType* CCorvaneSchema::FindTemplateAttribute(const CCorvaneSchemaAttribData& data) const
@@ -324,6 +329,8 @@ bool CCorvaneSchema::SaveToFile(std::u16string_view path, bool force)
     if (!force && !TestFlag(SCHEMA_FLAG_MODIFIED))
         return true;
     const std::u16string file = MakeFilePath(path);
+    if (file.empty())
+        return false;
     CUnicodeFileParse_ReadWrite writer(m_Manager.GetContext().m_Files);
     FillWriter(writer);
     CSourceGate& gate = m_Manager.GetGate();

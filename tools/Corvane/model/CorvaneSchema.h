@@ -48,6 +48,9 @@ public:
     // Finds the parent by name and shares its template attributes; the parent's own parent first. False when
     // it is missing or the chain comes back to this schema.
     [[nodiscard]] bool ConnectParent();
+    // Connects this schema and all others anew, since any of them may have gained or lost an ancestor, and
+    // brings all records in line.
+    void Reconnect();
     // Takes away the template entries of a deferral that the gate refused: the ones whose build is not that
     // of their data.
     void DropUnfinishedEntries();
@@ -80,6 +83,7 @@ public:
     // The schema waits for a save, and so does the database.
     void SetModified();
     [[nodiscard]] const SFileStamp& GetFileStamp() const { return m_Stamp; }
+    void SetFileStamp(const SFileStamp& stamp) { m_Stamp = stamp; }
     [[nodiscard]] std::uint32_t GetFileTime() const { return GetDosTime(m_Stamp); }
     [[nodiscard]] CCorvaneMgr& GetManager() const { return m_Manager; }
 
@@ -94,8 +98,6 @@ private:
 
     [[nodiscard]] bool IsOnCycle() const;
     void DropInherited();
-    void ReconnectDerived();
-
     void FillWriter(IUnicodeFileParse& writer) const;
     void ReadSection(const CUnicodeFileParse_ReadOnly& parser, std::size_t section, std::u16string_view path);
     [[nodiscard]] std::u16string MakeFilePath(std::u16string_view path) const;

@@ -45,3 +45,29 @@ EWriteResult WriteSourceFile(CCorvaneMgr& manager, IUnicodeFileParse& writer, st
         stamp = info.m_Stamp;
     return EWriteResult::Written;
 }
+
+std::u16string MakeFreePath(const CCorvaneMgr& manager, std::u16string_view directory,
+                            std::u16string_view base, std::u16string_view extension, const FPathTest& isOwn,
+                            const FPathTest& isTaken)
+{
+    const CCorvaneContext& context = manager.GetContext();
+    std::u16string path = FormatText(u"%s%s%s", directory, base, extension);
+    for (int number = 2; !isOwn(path); ++number)
+    {
+        SFileInfo info;
+        if (const CFileError error = context.m_Files.GetInfo(path, info); !error.IsOk())
+        {
+            context.m_Questions.Tell(
+                u"Write Error",
+                FormatText(u"It is not known whether the following file exists, so that it is not written: "
+                           u"%s.\n\n%s",
+                           error.GetText(), path),
+                EIcon::Stop);
+            return {};
+        }
+        if (!info.m_bExists && !isTaken(path))
+            break;
+        path = FormatText(u"%s%s (%d)%s", directory, base, number, extension);
+    }
+    return path;
+}

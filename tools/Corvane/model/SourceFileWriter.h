@@ -2,6 +2,8 @@
 // encoding, and the retry question of a failed write.
 #pragma once
 
+#include <functional>
+#include <string>
 #include <string_view>
 
 class CCorvaneMgr;
@@ -25,3 +27,11 @@ enum class EWriteResult
 // Exports to `path`, asking Abort, Retry, Ignore after each failure. `stamp` becomes the written file's.
 [[nodiscard]] EWriteResult WriteSourceFile(CCorvaneMgr& manager, IUnicodeFileParse& writer,
                                            std::u16string_view path, SFileStamp& stamp);
+
+// `directory` + `base` + `extension`, the base numbered from 2 on where that is the path of something else: of a
+// file on the disk that is not the object's own, or of what `isTaken` knows. Empty, having told why, when the
+// disk gives no answer.
+using FPathTest = std::function<bool(std::u16string_view path)>;
+[[nodiscard]] std::u16string MakeFreePath(const CCorvaneMgr& manager, std::u16string_view directory,
+                                          std::u16string_view base, std::u16string_view extension,
+                                          const FPathTest& isOwn, const FPathTest& isTaken);

@@ -191,6 +191,92 @@ TEST_F(Save, SaveAsMovesCategoriesAndRecordsOnly)
     EXPECT_EQ(Get().FindRecordByFile(m_Scratch.Text("New/C/D/child.record")), &Record("C/D/child"));
 }
 
+namespace
+{
+// A database in which every file waits for a save, and one record for its first.
+class CChangedDatabase : public CTestDatabase
+{
+public:
+    CChangedDatabase()
+    {
+        WriteCanonical(*this);
+        Write("Schemas/S.schema", Read("Schemas/S.schema") + ";not kept\n");
+        EXPECT_TRUE(Open());
+        m_Before = TakeSnapshot();
+        Schema("S").SetModified();
+        Category("C").SetComment(u"new");
+        Category("C/D").SetComment(u"new");
+        EXPECT_TRUE(Record("C/b").SetComment(u"new") && Record("C/D/child").SetComment(u"new"));
+        EXPECT_NE(Get().InsertRecord(&Category("C/D")), nullptr);
+    }
+    // To another place when `as` is not empty. Operation `failing` of the file layer fails; 0 for none.
+    bool Save(const std::string& as, int failing)
+    {
+        m_nOperations = 0;
+        m_Failure = [this, failing](EFileOperation, std::u16string_view)
+        { return ++m_nOperations == failing ? EFileError::DiskFull : EFileError::None; };
+        const std::u16string place = as.empty() ? std::u16string() : GetText(as);
+        const bool there = Get().GetRootFilePath() == place;
+        return Get().SaveDatabase(there ? std::u16string() : place, !as.empty() && !there);
+    }
+    // Whether a message names the file, or the directory or category that it could not be put into.
+    bool IsNamed(const std::string& file) const
+    {
+        const fs::path path = m_Scratch.GetPath() / file;
+        const auto& questions = m_Questions.GetQuestions();
+        return std::any_of(questions.begin(), questions.end(),
+                           [&](const CQuestion& question)
+                           {
+                               const std::string text = ToNarrow(question.m_sText);
+                               const std::string directory = path.parent_path().string();
+                               return text.ends_with(path.string()) || text.ends_with(directory) ||
+                                      text.ends_with(directory + "/cvd.category");
+                           });
+    }
+
+    Snapshot m_Before;
+    int m_nOperations = 0;
+};
+
+std::string GetContent(const CTestDatabase::Snapshot& files, const std::string& name)
+{
+    const auto found = files.find(name);
+    return found == files.end() ? "none" : found->second.first;
+}
+} // namespace
+
+TEST(SaveFailures, WhicheverOperationFailsEveryFileIsWholeAndTheNextSaveCompletesTheRest)
+{
+    for (const std::string as : {"", "New/Deep/Root.Gamdb00s"})
+    {
+        CChangedDatabase good;
+        ASSERT_TRUE(good.Save(as, 0));
+        const CTestDatabase::Snapshot wanted = good.TakeSnapshot();
+        const int operations = good.m_nOperations;
+        ASSERT_GT(operations, 15);
+        for (int failing = 1; failing <= operations; ++failing)
+        {
+            SCOPED_TRACE(as + " " + std::to_string(failing));
+            CChangedDatabase database;
+            static_cast<void>(database.Save(as, failing));
+            const CTestDatabase::Snapshot left = database.TakeSnapshot();
+            CTestDatabase::Snapshot all = wanted;
+            all.insert(left.begin(), left.end());
+            for (const auto& [name, state] : all)
+            {
+                const std::string content = GetContent(left, name);
+                if (content == GetContent(wanted, name))
+                    continue;
+                EXPECT_EQ(content, GetContent(database.m_Before, name)) << name << " is neither old nor new";
+                EXPECT_TRUE(database.IsNamed(name) || !fs::exists(database.GetPath("New/Deep"))) << name;
+            }
+            EXPECT_TRUE(database.Save(as, 0));
+            for (const auto& [name, state] : wanted)
+                EXPECT_EQ(GetContent(database.TakeSnapshot(), name), state.first) << name;
+        }
+    }
+}
+
 TEST_F(Save, AReloadedRecordFollowsItsFile)
 {
     ASSERT_TRUE(Open());
