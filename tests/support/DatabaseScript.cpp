@@ -94,6 +94,9 @@ CDatabaseScript::Commands CDatabaseScript::GetFileCommands()
         {"load", [this] { Load(); }},
         {"reload-record", [this] { Need(Record().ReloadFromFile()); }},
         {"reload-schema", [this] { Need(m_Test.Schema(Word()).ReloadFromFile()); }},
+        {"refresh", [this] { Refresh(); }},
+        {"modify-schema", [this] { m_Test.Schema(Word()).SetModified(); }},
+        {"schema-flags", [this] { SaySchemaFlags(); }},
         {"reload-struct", [this] { Need(Struct().GetStructFile()->Reload()); }},
     };
 }
@@ -212,6 +215,23 @@ void CDatabaseScript::Load()
     const std::filesystem::path path = Word();
     Need(m_Test.Get().AddRecordFile(m_Test.GetText(path.string() + ".record"),
                                     m_Test.Category(path.parent_path().string())));
+}
+
+void CDatabaseScript::Refresh()
+{
+    const std::string path = Word();
+    CCorvaneMgr& manager = m_Test.Get();
+    CCorvaneCategory* category = manager.FindCategory(ToWide(path), nullptr);
+    Need(path.empty() ? manager.RefreshDatabase()
+         : category   ? manager.RefreshCategory(*category)
+                      : manager.RefreshRecord(m_Test.Record(path)));
+}
+
+void CDatabaseScript::SaySchemaFlags()
+{
+    const CCorvaneSchema& schema = m_Test.Schema(Word());
+    Say(std::string(schema.TestFlag(SCHEMA_FLAG_MODIFIED) ? "modified " : "saved ") +
+        (schema.TestFlag(SCHEMA_FLAG_MISSING) ? "missing" : "there"));
 }
 
 void CDatabaseScript::Set()

@@ -55,6 +55,8 @@ private:
     void Open();
     void Save();
     void Load();
+    void Refresh();
+    void SaySchemaFlags();
 
     // Runs a command in an undo group, as the views do; it becomes a part of the one that the script has
     // open.

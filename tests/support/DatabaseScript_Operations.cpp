@@ -75,6 +75,7 @@ CDatabaseScript::Commands CDatabaseScript::GetHostCommands()
         {"closing", [this] { m_Test.m_Run.Set(APP_CLOSING); }},
         {"grants", [this] { Connect(static_cast<int>(Number())); }},
         {"refuse", [this] { m_Test.m_Gate.m_bGrant = !(m_Test.m_Gate.m_bConnected = true); }},
+        {"mine", [this] { m_Test.m_Gate.m_bMine = m_Test.m_Gate.m_bConnected = true; }},
         {"disconnect", [this] { m_Test.m_Gate.m_bConnected = false; }},
     };
 }

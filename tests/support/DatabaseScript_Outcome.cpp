@@ -61,7 +61,8 @@ std::string CDatabaseScript::Shorten(const std::string& text) const
 void CDatabaseScript::TellQuestions()
 {
     for (const CQuestion& question : m_Test.m_Questions.GetQuestions())
-        Say(Shorten(ToNarrow(question.m_sTitle + u": " + question.m_sText)));
+        Say(Shorten(ToNarrow(question.m_sTitle + u": " +
+                             (question.m_sFile.empty() ? question.m_sText : question.m_sFile))));
     m_Test.m_Questions.Clear();
 }
 
