@@ -12,8 +12,10 @@ struct SKind
     EMeasure m_Kind;
 };
 
-constexpr SKind kKinds[] = {
-    {"times", EMeasure::Times}, {"counts", EMeasure::Counts}, {"links", EMeasure::Links}};
+constexpr SKind kKinds[] = {{"times", EMeasure::Times},
+                            {"counts", EMeasure::Counts},
+                            {"saves", EMeasure::Saves},
+                            {"links", EMeasure::Links}};
 
 bool ParseCount(std::string_view text, std::size_t& out)
 {
@@ -71,6 +73,8 @@ struct SOption
 constexpr SOption kOptions[] = {
     {"--sizes",
      [](SBenchOptions& options, std::string_view value) { return ParseSizes(value, options.m_Sizes); }},
+    {"--saves",
+     [](SBenchOptions& options, std::string_view value) { return ParseSizes(value, options.m_SaveSizes); }},
     {"--links",
      [](SBenchOptions& options, std::string_view value) { return ParseSizes(value, options.m_LinkSizes); }},
     {"--references", [](SBenchOptions& options, std::string_view value)
@@ -133,6 +137,7 @@ std::string_view GetBenchHelp()
            "Measures load and pack of generated databases against plain reading of the same files.\n"
            "\n"
            "  --sizes N,N,...  counts of records, 20 attributes each (1000,10000,100000)\n"
+           "  --saves N,N,...  the same for the measurement of saves and refreshes (5000)\n"
            "  --links N,N,...  the same for the measurement of record links (1000,100000)\n"
            "  --references N,N,...\n"
            "                   counts of references in a resource database (100000,1000000)\n"

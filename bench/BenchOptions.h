@@ -14,6 +14,7 @@
 struct SBenchOptions
 {
     std::vector<std::size_t> m_Sizes{1000, 10000, 100000};
+    std::vector<std::size_t> m_SaveSizes{5000};
     std::vector<std::size_t> m_LinkSizes{1000, 100000};
     std::vector<std::size_t> m_ReferenceSizes{100000, 1000000};
     std::size_t m_nStreamBytes = 4000000;

@@ -9,6 +9,7 @@
 #include "EditMeasurement.h"
 #include "LinkMeasurement.h"
 #include "PlainReading.h"
+#include "SaveMeasurement.h"
 
 #include <chrono>
 #include <cstdio>
@@ -53,6 +54,12 @@ constexpr SField kFields[] = {
     {"insert_ms", &SMeasurement::m_nInsertMs},
     {"delete_ms", &SMeasurement::m_nDeleteMs},
     {"round_ms", &SMeasurement::m_nRoundMs},
+    {"save_ms", &SMeasurement::m_nSaveMs},
+    {"plain_save_ms", &SMeasurement::m_nPlainSaveMs},
+    {"refresh_ms", &SMeasurement::m_nRefreshMs},
+    {"plain_stat_ms", &SMeasurement::m_nPlainStatMs},
+    {"refresh_lookups", &SMeasurement::m_nRefreshInfos},
+    {"refresh_opens", &SMeasurement::m_nRefreshOpens},
 };
 
 double MillisecondsSince(CClock::time_point start)
@@ -166,6 +173,8 @@ bool Measure(EMeasure kind, const std::filesystem::path& tree, std::size_t recor
 {
     if (kind == EMeasure::Links)
         return MeasureLinks(tree, records, out);
+    if (kind == EMeasure::Saves)
+        return MeasureSaves(tree, records, out);
     const bool good =
         kind == EMeasure::Times ? MeasureTimes(tree, records, out) : MeasureCounts(tree, records, out);
     if (!good)

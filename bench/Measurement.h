@@ -37,12 +37,20 @@ struct SMeasurement
     double m_nRoundMs = 0;         // The same by a round over all links.
     double m_nInsertMs = 0;        // One of a thousand records that are inserted into one category.
     double m_nDeleteMs = 0;        // A record that nothing links to, with its restore point.
+    // Of a database whose records all changed, and of one in which nothing did.
+    double m_nSaveMs = 0;
+    double m_nPlainSaveMs = 0;
+    double m_nRefreshMs = 0;
+    double m_nPlainStatMs = 0;
+    double m_nRefreshInfos = 0;
+    double m_nRefreshOpens = 0;
 };
 
 enum class EMeasure
 {
     Times,  // Plain reading, load, pack and close by the clock.
     Counts, // Load and pack with memory, file opens and heap blocks.
+    Saves,  // A refresh without changes, and a save with every record changed.
     Links,  // Record links beside texts; makes its own databases below the tree's directory.
 };
 

@@ -11,6 +11,9 @@ constexpr double kLoadLimit = 3;
 constexpr double kLoadAndPackLimit = 5;
 constexpr double kGrowthLimit = 1.3;
 constexpr double kBytesLimit = 250;
+constexpr double kSaveLimit = 1.3;
+// One look at each file, and a few at the root for the whole refresh.
+constexpr double kLookUpLimit = 1.05;
 constexpr std::size_t kMemoryFrom = 10000;
 constexpr std::size_t kGrowthFrom = 10000;
 constexpr std::size_t kGrowthTo = 100000;
@@ -36,6 +39,16 @@ SSpread SRounds::GetSpread(double SMeasurement::*value) const
 double SLinkResult::GetNanoseconds(double SMeasurement::*pass) const
 {
     return GetSpread(pass).m_nLeast * 1e6 / static_cast<double>(m_nRecords * kLinksPerRecord);
+}
+
+double SSaveResult::GetSaveRatio() const
+{
+    return GetSpread(&SMeasurement::m_nSaveMs).m_nLeast / GetSpread(&SMeasurement::m_nPlainSaveMs).m_nLeast;
+}
+
+double SSaveResult::GetLookUpsPerFile() const
+{
+    return m_Rounds.front().m_nRefreshInfos / m_Rounds.front().m_nFiles;
 }
 
 double SSizeResult::GetLoadRatio() const
@@ -64,10 +77,10 @@ double SSizeResult::GetOwnPeakPerAttribute() const
     return (m_Counts.m_nPeakBytes - m_Counts.m_nStartBytes) / GetAttributes();
 }
 
-std::vector<SGoal> MakeGoals(const std::vector<SSizeResult>& results)
+std::vector<SGoal> MakeGoals(const SBenchResults& results)
 {
     std::vector<SGoal> goals;
-    for (const SSizeResult& result : results)
+    for (const SSizeResult& result : results.m_Sizes)
     {
         goals.push_back({"load / plain reading", result.m_nRecords, result.GetLoadRatio(), kLoadLimit});
         goals.push_back({"load and pack / plain reading", result.m_nRecords, result.GetLoadAndPackRatio(),
@@ -76,8 +89,8 @@ std::vector<SGoal> MakeGoals(const std::vector<SSizeResult>& results)
             goals.push_back(
                 {"peak bytes an attribute", result.m_nRecords, result.GetPeakPerAttribute(), kBytesLimit});
     }
-    const SSizeResult* small = FindSize(results, kGrowthFrom);
-    const SSizeResult* large = FindSize(results, kGrowthTo);
+    const SSizeResult* small = FindSize(results.m_Sizes, kGrowthFrom);
+    const SSizeResult* large = FindSize(results.m_Sizes, kGrowthTo);
     if (small != nullptr && large != nullptr)
     {
         goals.push_back({"growth of the load ratio from 10,000", large->m_nRecords,
@@ -85,11 +98,17 @@ std::vector<SGoal> MakeGoals(const std::vector<SSizeResult>& results)
         goals.push_back({"growth of the load and pack ratio from 10,000", large->m_nRecords,
                          large->GetLoadAndPackRatio() / small->GetLoadAndPackRatio(), kGrowthLimit});
     }
-    const SSizeResult* least = FindSize(results, kEditGrowthFrom);
+    const SSizeResult* least = FindSize(results.m_Sizes, kEditGrowthFrom);
     if (least != nullptr && large != nullptr)
         goals.push_back({"growth of an edit from 1,000", large->m_nRecords,
                          large->GetSpread(&SMeasurement::m_nEditUs).m_nLeast /
                              least->GetSpread(&SMeasurement::m_nEditUs).m_nLeast,
                          kGrowthLimit});
+    for (const SSaveResult& result : results.m_Saves)
+    {
+        goals.push_back({"save / plain replacing", result.m_nRecords, result.GetSaveRatio(), kSaveLimit});
+        goals.push_back({"look-ups a file, refresh without changes", result.m_nRecords,
+                         result.GetLookUpsPerFile(), kLookUpLimit});
+    }
     return goals;
 }

@@ -45,9 +45,18 @@ struct SLinkResult : SRounds
     [[nodiscard]] double GetNanoseconds(double SMeasurement::*pass) const;
 };
 
+struct SSaveResult : SRounds
+{
+    // Against the plain replacement of the same files, from the least times.
+    [[nodiscard]] double GetSaveRatio() const;
+    // Of a refresh without changes, for each file of the database.
+    [[nodiscard]] double GetLookUpsPerFile() const;
+};
+
 struct SBenchResults
 {
     std::vector<SSizeResult> m_Sizes;
+    std::vector<SSaveResult> m_Saves;
     std::vector<SLinkResult> m_Links;
     std::vector<SReferenceResult> m_References;
     std::vector<SCompressionResult> m_Compression;
@@ -65,7 +74,7 @@ struct SGoal
 
 // The goals that these sizes can be held against. Memory is judged from 10,000 records up: below, the program
 // itself is most of it.
-[[nodiscard]] std::vector<SGoal> MakeGoals(const std::vector<SSizeResult>& results);
+[[nodiscard]] std::vector<SGoal> MakeGoals(const SBenchResults& results);
 
 void PrintTable(std::ostream& out, const SBenchResults& results);
 // No paths and no dates, so that two runs differ only in what was measured.

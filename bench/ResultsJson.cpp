@@ -126,6 +126,21 @@ void WriteSize(std::ostream& out, const SSizeResult& result)
     size.Number("pack_allocations_per_record", counts.m_nPackBlocks / records);
 }
 
+void WriteSaves(std::ostream& out, const SSaveResult& result)
+{
+    CJsonObject saves(out, 2);
+    saves.Number("records", static_cast<double>(result.m_nRecords));
+    saves.Number("files", result.m_Rounds.front().m_nFiles);
+    saves.Number("rounds", static_cast<double>(result.m_Rounds.size()));
+    WriteSpread(saves, "save_ms", result.GetSpread(&SMeasurement::m_nSaveMs));
+    WriteSpread(saves, "plain_save_ms", result.GetSpread(&SMeasurement::m_nPlainSaveMs));
+    WriteSpread(saves, "refresh_ms", result.GetSpread(&SMeasurement::m_nRefreshMs));
+    WriteSpread(saves, "plain_stat_ms", result.GetSpread(&SMeasurement::m_nPlainStatMs));
+    saves.Number("save_ratio", result.GetSaveRatio());
+    saves.Number("refresh_lookups_per_file", result.GetLookUpsPerFile());
+    saves.Number("refresh_opens", result.m_Rounds.front().m_nRefreshOpens);
+}
+
 void WriteLinks(std::ostream& out, const SLinkResult& result)
 {
     CJsonObject links(out, 2);
@@ -197,10 +212,11 @@ void WriteJson(std::ostream& out, const SBenchResults& results)
         top.Number("format", 1);
         WriteMachine(top.Name("machine"));
         WriteList(top.Name("sizes"), results.m_Sizes, WriteSize);
+        WriteList(top.Name("saves"), results.m_Saves, WriteSaves);
         WriteList(top.Name("links"), results.m_Links, WriteLinks);
         WriteList(top.Name("references"), results.m_References, WriteReferences);
         WriteList(top.Name("compression"), results.m_Compression, WriteCompression);
-        WriteList(top.Name("goals"), MakeGoals(results.m_Sizes), WriteGoal);
+        WriteList(top.Name("goals"), MakeGoals(results), WriteGoal);
     }
     out << '\n';
 }

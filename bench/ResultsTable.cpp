@@ -58,6 +58,19 @@ void PrintSize(std::ostream& out, const SSizeResult& result)
     PrintRow(out, "allocations a record, load", counts.m_nLoadBlocks / records, "");
     PrintRow(out, "allocations a record, pack", counts.m_nPackBlocks / records, "");
 }
+
+void PrintSaves(std::ostream& out, const SSaveResult& result)
+{
+    const auto least = [&](double SMeasurement::*value) { return result.GetSpread(value).m_nLeast; };
+    out << '\n' << result.m_nRecords << " changed records\n";
+    PrintRow(out, "save", least(&SMeasurement::m_nSaveMs), "ms");
+    PrintRow(out, "plain replacing of the same files", least(&SMeasurement::m_nPlainSaveMs), "ms");
+    PrintRow(out, "refresh without changes", least(&SMeasurement::m_nRefreshMs), "ms");
+    PrintRow(out, "plain look at the same files", least(&SMeasurement::m_nPlainStatMs), "ms");
+    PrintRow(out, "look-ups a file, refresh without changes", result.GetLookUpsPerFile(), "");
+    PrintRow(out, "file opens, refresh without changes", result.m_Rounds.front().m_nRefreshOpens, "");
+}
+
 void PrintLinks(std::ostream& out, const SLinkResult& result)
 {
     const double text = result.GetNanoseconds(&SMeasurement::m_nTextPassMs);
@@ -110,6 +123,8 @@ void PrintTable(std::ostream& out, const SBenchResults& results)
     out << std::fixed << std::setprecision(2);
     for (const SSizeResult& result : results.m_Sizes)
         PrintSize(out, result);
+    for (const SSaveResult& result : results.m_Saves)
+        PrintSaves(out, result);
     for (const SLinkResult& result : results.m_Links)
         PrintLinks(out, result);
     PrintReferences(out, results.m_References);
@@ -118,7 +133,7 @@ void PrintTable(std::ostream& out, const SBenchResults& results)
     out << '\n'
         << "  " << std::left << std::setw(kNameWidth) << "goal" << std::right << std::setw(9) << "records"
         << std::setw(11) << "value" << std::setw(9) << "limit" << '\n';
-    for (const SGoal& goal : MakeGoals(results.m_Sizes))
+    for (const SGoal& goal : MakeGoals(results))
         out << "  " << std::left << std::setw(kNameWidth) << goal.m_sName << std::right << std::setw(9)
             << goal.m_nRecords << std::setw(11) << goal.m_nValue << std::setw(9) << goal.m_nLimit << "  "
             << (goal.IsMet() ? "met" : "missed") << '\n';

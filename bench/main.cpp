@@ -70,6 +70,23 @@ SSizeResult MeasureSize(const SBenchOptions& options, const std::filesystem::pat
     return result;
 }
 
+SSaveResult MeasureSaveSize(const SBenchOptions& options, const std::filesystem::path& directory,
+                            std::size_t records)
+{
+    const std::filesystem::path trees = directory / "corvane-bench-saves";
+    SSaveResult result;
+    result.m_nRecords = records;
+    for (std::size_t round = 1; round <= options.m_nRepeat; ++round)
+    {
+        std::cerr << records << " changed records: round " << round << std::endl;
+        // Its files change, so that no tree is kept for another run.
+        const CGeneratedTree tree(trees, records, false);
+        result.m_Rounds.push_back(MeasureInChild(EMeasure::Saves, tree.GetPath(), records));
+    }
+    std::filesystem::remove_all(trees);
+    return result;
+}
+
 SLinkResult MeasureLinkSize(const SBenchOptions& options, const std::filesystem::path& directory,
                             std::size_t records)
 {
@@ -100,6 +117,8 @@ void RunAll(const SBenchOptions& options)
     SBenchResults results;
     for (const std::size_t records : options.m_Sizes)
         results.m_Sizes.push_back(MeasureSize(options, directory.GetPath(), records));
+    for (const std::size_t records : options.m_SaveSizes)
+        results.m_Saves.push_back(MeasureSaveSize(options, directory.GetPath(), records));
     for (const std::size_t records : options.m_LinkSizes)
         results.m_Links.push_back(MeasureLinkSize(options, directory.GetPath(), records));
     std::cerr << "references" << std::endl;
