@@ -93,7 +93,8 @@ public:
     // open undo group, but for the insert, which cannot be undone.
     //
     // A new system category; `pParent` is null for a root category, `pSchema` for one without records. Its
-    // directory comes into being at the next save.
+    // directory comes into being at the next save. Null below a virtual category, which is no directory; moves
+    // and copies to one are refused too.
     CCorvaneCategory* InsertCategory(CCorvaneCategory* pParent, CCorvaneSchema* pSchema);
     // Gives a new name where the destination has the old one. A root category stays in the root list too. A
     // virtual category stays below its system category; a destination below the category is refused.

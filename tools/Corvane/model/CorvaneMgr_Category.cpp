@@ -49,6 +49,8 @@ void MarkReferenceesBelow(const CCorvaneCategory& category)
 
 CCorvaneCategory* CCorvaneMgr::InsertCategory(CCorvaneCategory* pParent, CCorvaneSchema* pSchema)
 {
+    if (pParent && !pParent->IsSystem())
+        return nullptr;
     const CRef<CCorvaneCategory> category(
         new CCorvaneCategory(*this, MakeDirectoryNameUnique(pParent, u"New Category"), {}, {}, pSchema,
                              pParent, CATEGORY_FLAG_SYSTEM));
@@ -78,11 +80,13 @@ std::u16string CCorvaneMgr::MakeDirectoryNameUnique(const CCorvaneCategory* pare
 }
 
 // Inside the database a virtual category stands for a key of the records below it, whose files stay in one
-// directory; and a destination outside the tree would take the category out of it.
+// directory, so that no directory can lie in it; and a destination outside the tree would take the category
+// out of it.
 bool CCorvaneMgr::MayMoveCategory(CCorvaneCategory* pDest, CCorvaneCategory* pCategory) const
 {
     return pDest != nullptr && pCategory != nullptr && pDest->IsAttached() && !IsBelow(pDest, *pCategory) &&
-           (pCategory->IsSystem() || GetSystemCategory(pDest) == GetSystemCategory(pCategory));
+           (pCategory->IsSystem() ? pDest->IsSystem()
+                                  : GetSystemCategory(pDest) == GetSystemCategory(pCategory));
 }
 
 bool CCorvaneMgr::MoveCategory(CCorvaneCategory* pDest, CCorvaneCategory* pCategory)

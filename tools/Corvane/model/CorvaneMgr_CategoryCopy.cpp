@@ -51,10 +51,12 @@ CCorvaneCategory* CCorvaneMgr::CopyCategory(CCorvaneCategory* pParent, CCorvaneC
 }
 
 // The records of a virtual category lie in the directory of its system category, and the next load would
-// leave them out there when the schemas differ. A special category has no copies.
+// leave them out there when the schemas differ. No directory can lie in a virtual category. A special
+// category has no copies.
 bool CCorvaneMgr::MayCopyCategory(const CCorvaneCategory& parent, const CCorvaneCategory& source) const
 {
-    return source.GetCategoryType() == 0 && (source.IsSystem() || source.GetSchema() == parent.GetSchema());
+    return source.GetCategoryType() == 0 &&
+           (source.IsSystem() ? parent.IsSystem() : source.GetSchema() == parent.GetSchema());
 }
 
 // A reference's name is held against the records of the parent only, so that it may be that of a sibling.
