@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Installs what is missing, builds and runs every test in the release and the sanitizer build.
-# --extended adds the thread sanitizer over the workers, Clang with its linter over what changed, and the fuzzers
+# --extended adds the thread sanitizer over the workers, 100,000 random operations, Clang with its linter over what changed, and the fuzzers
 # for a minute each.
 source "$(dirname "$0")/common.sh"
 
@@ -28,6 +28,7 @@ done
 if $extended; then
   build tsan compile_tests
   run_tests tsan -R 'Worker|PostBuild|DependencyOutput|OverrideOutput'
+  build/asan/bin/operations-driver --count 100000 --seed "$(date +%Y%m%d)"
   install_packages "${extended_packages[@]}"
   build clang
   run_tests clang

@@ -113,6 +113,7 @@ CDatabaseScript::Commands CDatabaseScript::GetValueCommands()
         {"inherit", [this] { Attrib().SetInherit(true, false); }},
         {"disinherit", [this] { Attrib().SetInherit(false, false); }},
         {"todo", [this] { Attrib().SetTodo(true); }},
+        {"edit-inherit", [this] { EditInherit(); }},
         {"comment", [this] { Comment(); }},
         {"defer", [this] { Defer(&CCorvaneMgr::DeferDeprecateAttribute); }},
         {"defer-delete", [this] { Defer(&CCorvaneMgr::DeferDeleteAttribute); }},
@@ -248,6 +249,12 @@ void CDatabaseScript::Set()
 void CDatabaseScript::AddValue(CCorvaneAttrib& attrib, std::u16string_view value)
 {
     Do(GetValueUndoText(kUndoValueAdded, attrib.GetName(), value), [&] { return attrib.AddValue(value); });
+}
+
+void CDatabaseScript::EditInherit()
+{
+    auto& attrib = dynamic_cast<CCorvaneType&>(Attrib());
+    Need(attrib.EditInherit(Word() == "yes"));
 }
 
 void CDatabaseScript::Comment()

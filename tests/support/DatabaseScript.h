@@ -63,6 +63,7 @@ private:
     void Do(std::u16string_view text, const std::function<bool()>& command);
     void Set();
     void AddValue(CCorvaneAttrib& attrib, std::u16string_view value);
+    void EditInherit();
     void Comment();
     void Defer(bool (CCorvaneMgr::*defer)(CCorvaneAttrib*, std::uint32_t));
     void Erase();
