@@ -4,6 +4,7 @@
 #include <fstream>
 #include <gtest/gtest.h>
 #include <sstream>
+#include <stdexcept>
 
 namespace fs = std::filesystem;
 
@@ -15,6 +16,8 @@ std::vector<fs::path> FindGoldenFiles(const fs::path& folder, const std::string&
         if (entry.path().extension() == extension)
             files.push_back(entry.path());
     }
+    if (files.empty())
+        throw std::runtime_error("There is no *" + extension + " in " + folder.string());
     return files;
 }
 
@@ -60,6 +63,12 @@ void CheckGolden(const fs::path& path, const std::function<std::string(const std
         std::istringstream told(line.starts_with("#") ? "" : execute(line));
         while (std::getline(told, line))
             actual += "  " + ReplaceAll(line, "\r", "<CR>") + '\n';
+    }
+    // A file that could not be read, or says nothing, would agree with everything.
+    if (file.bad() || expected.find("\n  ") == std::string::npos)
+    {
+        ADD_FAILURE_AT(path.c_str(), 1) << "The file expects nothing.";
+        return;
     }
     if (actual == expected)
         return;

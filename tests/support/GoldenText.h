@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-// The files with this extension below a folder.
+// The files with this extension below a folder. Throws when there is none: no test would run.
 [[nodiscard]] std::vector<std::filesystem::path> FindGoldenFiles(const std::filesystem::path& folder,
                                                                  const std::string& extension);
 
@@ -16,7 +16,7 @@
 // The lines that are not empty, each behind `mark`.
 [[nodiscard]] std::string MarkLines(const std::string& text, const std::string& mark = {});
 
-// Runs the commands of a file and holds what they answer against what stands below them. On a difference the
-// run is written to "<file>.actual" in the working directory.
+// Runs the commands of a file and holds what they answer against what stands below them. A file that expects
+// nothing fails. On a difference the run is written to "<file>.actual" in the working directory.
 void CheckGolden(const std::filesystem::path& path,
                  const std::function<std::string(const std::string&)>& execute);
