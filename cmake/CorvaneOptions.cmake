@@ -13,6 +13,8 @@ endif()
 
 add_compile_options(-Wall -Wextra -Wconversion -Wshadow -Wnon-virtual-dtor -Wold-style-cast
                     -Woverloaded-virtual -Werror)
+# The program exports its symbols to the module with the windows; a call within one source is direct all the same.
+add_compile_options(-fno-semantic-interposition)
 if(CORVANE_SANITIZE)
   add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
   add_link_options(-fsanitize=address,undefined)
@@ -40,6 +42,7 @@ find_package(GTest REQUIRED)
 find_package(benchmark REQUIRED)
 pkg_check_modules(GIO REQUIRED IMPORTED_TARGET gio-2.0)
 pkg_check_modules(UUID REQUIRED IMPORTED_TARGET uuid)
+find_package(Qt6 6.4 REQUIRED COMPONENTS Widgets Svg Multimedia Test)
 find_program(MSGFMT_PROGRAM msgfmt REQUIRED)
 include(GoogleTest)
 
@@ -90,4 +93,32 @@ function(corvane_catalogue target po mo)
     COMMAND ${MSGFMT_PROGRAM} --check ${ARGN} --output-file=${mo} ${po}
     DEPENDS ${po} VERBATIM)
   add_custom_target(${target} ALL DEPENDS ${mo})
+endfunction()
+
+# corvane_ui_library(<target> LINK <targets>)
+# A static layer of the user interface: all sources of its folder. Only such targets see the UI toolkit.
+function(corvane_ui_library target)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
+  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
+  add_library(${target} STATIC ${sources} ${ARG_SOURCES})
+  # The toolkit's `signals` and `slots` are names of members in other libraries' headers.
+  target_compile_definitions(${target} PUBLIC QT_NO_KEYWORDS)
+  target_link_libraries(${target} PUBLIC ${ARG_LINK} Qt6::Widgets)
+  target_include_directories(${target} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
+  set_target_properties(${target} PROPERTIES AUTOMOC ON AUTORCC ON)
+endfunction()
+
+# corvane_ui_test(<target> LINK <targets>)
+# One GoogleTest program over real widgets that nobody sees: all sources of the folder's tests. It starts the
+# toolkit itself, on the offscreen platform.
+function(corvane_ui_test target)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
+  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/tests/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/tests/*.h)
+  add_executable(${target} ${sources} ${ARG_SOURCES})
+  target_link_libraries(${target} PRIVATE ${ARG_LINK} corvane_test_ui GTest::gmock Qt6::Test)
+  set_target_properties(${target} PROPERTIES AUTOMOC ON RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/tests)
+  set(scratch ${CMAKE_BINARY_DIR}/tests/scratch/${target})
+  gtest_discover_tests(${target} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60
+    PROPERTIES TIMEOUT 120 ENVIRONMENT
+    "QT_QPA_PLATFORM=offscreen;XDG_CONFIG_HOME=${scratch}/config;XDG_STATE_HOME=${scratch}/state;XDG_CACHE_HOME=${scratch}/cache;XDG_DATA_HOME=${scratch}/data")
 endfunction()
