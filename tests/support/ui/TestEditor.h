@@ -4,6 +4,7 @@
 #include "CommandSet.h"
 #include "CorvaneDoc.h"
 #include "Editor.h"
+#include "FileDialogs.h"
 #include "RecentFileList.h"
 #include "TestDatabase.h"
 #include "UiModule.h"
@@ -13,6 +14,34 @@
 #include <memory>
 #include <string>
 #include <vector>
+
+// A user who answers file dialogs from a list, then cancels.
+class CScriptedFileDialogs final : public IFileDialogs
+{
+public:
+    [[nodiscard]] std::u16string OpenFile(QWidget*, const SFileDialog& dialog) override
+    {
+        return Answer(dialog);
+    }
+    [[nodiscard]] std::u16string SaveFile(QWidget*, const SFileDialog& dialog) override
+    {
+        return Answer(dialog);
+    }
+
+    std::vector<std::u16string> m_Answers; // The next one first.
+    std::vector<SFileDialog> m_Asked;
+
+private:
+    std::u16string Answer(const SFileDialog& dialog)
+    {
+        m_Asked.push_back(dialog);
+        if (m_Answers.empty())
+            return {};
+        std::u16string answer = std::move(m_Answers.front());
+        m_Answers.erase(m_Answers.begin());
+        return answer;
+    }
+};
 
 class CTestEditor final : public ICorvaneApplication, public IEditor, public IEditorFrame
 {
@@ -48,6 +77,7 @@ public:
         ++m_nValidations;
     }
     void RefreshStatus() override { ++m_nRefreshes; }
+    [[nodiscard]] IFileDialogs& GetFileDialogs() override { return m_FileDialogs; }
 
     [[nodiscard]] IEditor& GetEditor() override { return *this; }
     [[nodiscard]] CCommandSet& GetCommandSet() override { return *m_pCommands; }
@@ -59,6 +89,7 @@ public:
     CTestDatabase& m_Database;
     QWidget m_Window;
     CCorvaneHtmlView* m_pHelp = nullptr;
+    CScriptedFileDialogs m_FileDialogs;
     CRecentFileList m_RecentFiles;
     CCorvaneDoc m_Document{m_Database.Get()};
     // What was asked for, in order.

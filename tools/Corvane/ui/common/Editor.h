@@ -7,6 +7,7 @@ class CCorvaneHtmlView;
 class CCorvaneRecord;
 class CValidateCore;
 class ICorvaneApplication;
+class IFileDialogs;
 class QWidget;
 
 class IEditor
@@ -22,6 +23,8 @@ public:
     virtual void ShowValidation(const CValidateCore& core) = 0;
     // "Refresh Status" over the whole tree; for those that changed files.
     virtual void RefreshStatus() = 0;
+    // Every file dialog passes through these.
+    [[nodiscard]] virtual IFileDialogs& GetFileDialogs() = 0;
 
 protected:
     ~IEditor() = default;
