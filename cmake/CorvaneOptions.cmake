@@ -42,7 +42,7 @@ find_package(GTest REQUIRED)
 find_package(benchmark REQUIRED)
 pkg_check_modules(GIO REQUIRED IMPORTED_TARGET gio-2.0)
 pkg_check_modules(UUID REQUIRED IMPORTED_TARGET uuid)
-find_package(Qt6 6.4 REQUIRED COMPONENTS Widgets Svg Multimedia Test)
+find_package(Qt6 6.4 REQUIRED COMPONENTS Widgets DBus Svg Multimedia Test)
 find_program(MSGFMT_PROGRAM msgfmt REQUIRED)
 include(GoogleTest)
 
@@ -120,5 +120,5 @@ function(corvane_ui_test target)
   set(scratch ${CMAKE_BINARY_DIR}/tests/scratch/${target})
   gtest_discover_tests(${target} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60
     PROPERTIES TIMEOUT 120 ENVIRONMENT
-    "QT_QPA_PLATFORM=offscreen;XDG_CONFIG_HOME=${scratch}/config;XDG_STATE_HOME=${scratch}/state;XDG_CACHE_HOME=${scratch}/cache;XDG_DATA_HOME=${scratch}/data")
+    "QT_QPA_PLATFORM=offscreen;CORVANE_THEME=light;XDG_CONFIG_HOME=${scratch}/config;XDG_STATE_HOME=${scratch}/state;XDG_CACHE_HOME=${scratch}/cache;XDG_DATA_HOME=${scratch}/data")
 endfunction()
