@@ -28,8 +28,9 @@ sources | awk -v table="$table" '
   BEGIN {
     while ((getline line < table) > 0) {
       if (line ~ /^#/ || line !~ /:/) continue
-      folder = substr(line, 1, index(line, ":") - 1)
-      allowed[folder] = " " substr(line, index(line, ":") + 1) " "
+      end = match(line, /:( |$)/) # A layer may have a colon in its name.
+      folder = substr(line, 1, end - 1)
+      allowed[folder] = " " substr(line, end + 1) " "
     }
   }
   {
