@@ -14,9 +14,6 @@ public:
     [[nodiscard]] virtual std::u16string GetUserName() = 0;
     // Opens a file with the program that the desktop has for it. False when there is none.
     [[nodiscard]] virtual bool OpenInShell(std::u16string_view path) = 0;
-    // Shows a file's directory in the desktop's file manager, with the file selected where that can do so. A
-    // file that does not exist gives its directory alone. False when nothing could be shown.
-    [[nodiscard]] virtual bool ShowInFolder(std::u16string_view path) = 0;
     // Plays a sound file without waiting for its end. False when it is missing or nothing can play it.
     [[nodiscard]] virtual bool PlaySoundFile(std::u16string_view path) = 0;
     // Sends a file to the user's recycle bin. False leaves it where it is.
