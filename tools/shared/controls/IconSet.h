@@ -3,6 +3,9 @@
 #pragma once
 
 #include <QIcon>
+#include <QStringList>
 
 // By name, as in icons/<name>.svg. An unknown name is an assertion and gives an empty icon.
 [[nodiscard]] QIcon GetIcon(const char* name);
+// The names of all icons.
+[[nodiscard]] QStringList GetIconNames();

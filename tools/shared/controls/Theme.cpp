@@ -63,7 +63,8 @@ void SetTextRoles(QPalette& palette, QPalette::ColorGroup group, const QColor& t
         palette.setColor(group, role, text);
 }
 
-// Rows keep the colours of their texts when they are selected: those say something.
+// Rows and menu entries keep the colours of their texts and icons when they are selected: those say
+// something.
 QPalette MakeItemViewPalette(bool dark)
 {
     QPalette palette = CTheme::MakePalette(dark);
@@ -127,7 +128,8 @@ void CTheme::Apply()
 {
     // The palette of a class goes after the common one, which forgets all those before it.
     QApplication::setPalette(MakePalette(m_bDark));
-    QApplication::setPalette(MakeItemViewPalette(m_bDark), "QAbstractItemView");
+    for (const char* name : {"QAbstractItemView", "QMenu", "QMenuBar"})
+        QApplication::setPalette(MakeItemViewPalette(m_bDark), name);
     m_Observers.Notify();
 }
 
