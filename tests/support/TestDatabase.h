@@ -37,6 +37,7 @@ public:
     [[nodiscard]] std::u16string GetDateText() override { return u"01/02/03"; }
     [[nodiscard]] std::u16string GetUserName() override { return u"tester"; }
     [[nodiscard]] bool OpenInShell(std::u16string_view path) override { return Take(u"open ", path); }
+    [[nodiscard]] bool OpenLink(std::u16string_view address) override { return Take(u"link ", address); }
     [[nodiscard]] bool PlaySoundFile(std::u16string_view path) override { return Take(u"play ", path); }
     [[nodiscard]] bool MoveToRecycleBin(std::u16string_view path) override
     {
@@ -48,7 +49,7 @@ public:
     bool m_bServe = false;
     bool m_bBin = true; // There is a bin; what it gets is gone.
     int m_nBeeps = 0;
-    std::vector<std::u16string> m_Calls; // "open <path>", "play <path>", "bin <path>".
+    std::vector<std::u16string> m_Calls; // "open <path>", "link <address>", "play <path>", "bin <path>".
 
 private:
     bool Take(std::u16string_view what, std::u16string_view path)

@@ -14,6 +14,9 @@ public:
     [[nodiscard]] virtual std::u16string GetUserName() = 0;
     // Opens a file with the program that the desktop has for it. False when there is none.
     [[nodiscard]] virtual bool OpenInShell(std::u16string_view path) = 0;
+    // Opens an address in the desktop's browser. Callers hand on what begins with http or https only. False
+    // when there is none.
+    [[nodiscard]] virtual bool OpenLink(std::u16string_view address) = 0;
     // Plays a sound file without waiting for its end. False when it is missing or nothing can play it.
     [[nodiscard]] virtual bool PlaySoundFile(std::u16string_view path) = 0;
     // Sends a file to the user's recycle bin. False leaves it where it is.

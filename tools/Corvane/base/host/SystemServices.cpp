@@ -49,6 +49,11 @@ bool CSystemServices::OpenInShell(std::u16string_view path)
     return g_app_info_launch_default_for_uri(uri.get(), nullptr, nullptr) != FALSE;
 }
 
+bool CSystemServices::OpenLink(std::u16string_view address)
+{
+    return g_app_info_launch_default_for_uri(ToNarrow(address).c_str(), nullptr, nullptr) != FALSE;
+}
+
 bool CSystemServices::PlaySoundFile(std::u16string_view)
 {
     return false;

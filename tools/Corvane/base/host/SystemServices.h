@@ -15,6 +15,7 @@ public:
     [[nodiscard]] std::u16string GetDateText() override;
     [[nodiscard]] std::u16string GetUserName() override;
     [[nodiscard]] bool OpenInShell(std::u16string_view path) override;
+    [[nodiscard]] bool OpenLink(std::u16string_view address) override;
     // The core has no sound output: false. An interactive host derives its own services to play.
     [[nodiscard]] bool PlaySoundFile(std::u16string_view path) override;
     [[nodiscard]] bool MoveToRecycleBin(std::u16string_view path) override;
