@@ -20,20 +20,20 @@ struct SThemeColor
 };
 
 constexpr SThemeColor kColors[] = {
-    {EThemeColor::Base, 0xFFFFFFFF, 0xFF1E2126},        {EThemeColor::AlternateRow, 0xFFF8F9FB, 0xFF23262C},
-    {EThemeColor::Window, 0xFFF3F4F6, 0xFF282C33},      {EThemeColor::Gutter, 0xFFECEEF2, 0xFF2A2E35},
-    {EThemeColor::Header, 0xFFDFE5EE, 0xFF333A45},      {EThemeColor::Item, 0xFFEEF1F6, 0xFF2B3038},
-    {EThemeColor::SelectedRow, 0xFFD6E4FA, 0xFF2C4468}, {EThemeColor::HotRow, 0xFFEDF3FD, 0xFF2A323E},
-    {EThemeColor::Text, 0xFF1C2027, 0xFFE6E8EC},        {EThemeColor::GreyText, 0xFF5C636F, 0xFFB2B8C2},
-    {EThemeColor::Deferred, 0xFF800000, 0xFFFF9C9C},    {EThemeColor::Warning, 0xFF7A4A00, 0xFFF2BF62},
-    {EThemeColor::Critical, 0xFFA8121C, 0xFFFF9898},    {EThemeColor::Success, 0xFF17602B, 0xFF85D698},
-    {EThemeColor::Link, 0xFF1851B4, 0xFF9CC4FF},        {EThemeColor::Shadow, 0xFFC3C9D3, 0xFF464D59},
-    {EThemeColor::Accent, 0xFF2A66C8, 0xFF76A9F5},      {EThemeColor::ChequerLight, 0xFFFFFFFF, 0xFFD0D0D0},
-    {EThemeColor::ChequerDark, 0xFFC8C8C8, 0xFF909090}, {EThemeColor::IconInk, 0xFF464D59, 0xFFC6CCD6},
-    {EThemeColor::IconPaper, 0xFFFFFFFF, 0xFF3A404A},   {EThemeColor::IconBlue, 0xFF2A66C8, 0xFF76A9F5},
-    {EThemeColor::IconFolder, 0xFFF2C14E, 0xFFD9A93C},  {EThemeColor::IconGreen, 0xFF23803C, 0xFF6CC983},
-    {EThemeColor::IconRed, 0xFFC2252F, 0xFFFF8A8A},     {EThemeColor::IconAmber, 0xFFA86400, 0xFFF0B54A},
-    {EThemeColor::IconViolet, 0xFF7A3FB0, 0xFFC79BF0},
+    {EThemeColor::Base, 0xFFFFFFFF, 0xFF1E2126},         {EThemeColor::AlternateRow, 0xFFF8F9FB, 0xFF23262C},
+    {EThemeColor::Window, 0xFFF3F4F6, 0xFF282C33},       {EThemeColor::Gutter, 0xFFECEEF2, 0xFF2A2E35},
+    {EThemeColor::Header, 0xFFDFE5EE, 0xFF333A45},       {EThemeColor::Item, 0xFFEEF1F6, 0xFF2B3038},
+    {EThemeColor::SelectedRow, 0xFFD6E4FA, 0xFF2C4468},  {EThemeColor::HotRow, 0xFFEDF3FD, 0xFF2A323E},
+    {EThemeColor::Text, 0xFF1C2027, 0xFFE6E8EC},         {EThemeColor::GreyText, 0xFF5C636F, 0xFFB2B8C2},
+    {EThemeColor::Deferred, 0xFF800000, 0xFFFF9C9C},     {EThemeColor::Warning, 0xFF7A4A00, 0xFFF2BF62},
+    {EThemeColor::Critical, 0xFFA8121C, 0xFFFF9898},     {EThemeColor::Success, 0xFF17602B, 0xFF85D698},
+    {EThemeColor::Link, 0xFF1851B4, 0xFF9CC4FF},         {EThemeColor::Shadow, 0xFFC3C9D3, 0xFF464D59},
+    {EThemeColor::Border, 0xFF747C87, 0xFF8D95A1},       {EThemeColor::Accent, 0xFF2A66C8, 0xFF76A9F5},
+    {EThemeColor::ChequerLight, 0xFFFFFFFF, 0xFFD0D0D0}, {EThemeColor::ChequerDark, 0xFFC8C8C8, 0xFF909090},
+    {EThemeColor::IconInk, 0xFF464D59, 0xFFC6CCD6},      {EThemeColor::IconPaper, 0xFFFFFFFF, 0xFF3A404A},
+    {EThemeColor::IconBlue, 0xFF2A66C8, 0xFF76A9F5},     {EThemeColor::IconFolder, 0xFFF2C14E, 0xFFD9A93C},
+    {EThemeColor::IconGreen, 0xFF23803C, 0xFF6CC983},    {EThemeColor::IconRed, 0xFFC2252F, 0xFFFF8A8A},
+    {EThemeColor::IconAmber, 0xFFA86400, 0xFFF0B54A},    {EThemeColor::IconViolet, 0xFF7A3FB0, 0xFFC79BF0},
 };
 
 constexpr bool IsOneRowAColor()

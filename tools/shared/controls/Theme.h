@@ -40,7 +40,8 @@ enum class EThemeColor
 
     // Lines and marks.
     Shadow, // The rule between rows and columns.
-    Accent, // Focus and what is in use; 3 to 1 on each background.
+    Border, // Of fields and boxes; like the accent, 3 to 1 on each background.
+    Accent, // Focus and what is in use.
     ChequerLight,
     ChequerDark,
 

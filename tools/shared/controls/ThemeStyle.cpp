@@ -52,6 +52,16 @@ bool IsMessageIcon(QStyle::StandardPixmap pixmap)
 {
     return pixmap >= QStyle::SP_MessageBoxInformation && pixmap <= QStyle::SP_MessageBoxQuestion;
 }
+
+void DrawOutline(QPainter& painter, EThemeColor color, const QRectF& rect, qreal radius)
+{
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(CTheme::Get().GetColor(color));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRoundedRect(rect, radius, radius);
+    painter.restore();
+}
 } // namespace
 
 CThemeStyle::CThemeStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
@@ -60,16 +70,18 @@ void CThemeStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* op
                                 const QWidget* widget) const
 {
     if (element != PE_FrameFocusRect)
-    {
         QProxyStyle::drawPrimitive(element, option, painter, widget);
-        return;
-    }
-    painter->save();
-    painter->setRenderHint(QPainter::Antialiasing);
-    painter->setPen(CTheme::Get().GetColor(EThemeColor::Accent));
-    painter->setBrush(Qt::NoBrush);
-    painter->drawRoundedRect(QRectF(option->rect).adjusted(0.5, 0.5, -0.5, -0.5), 2, 2);
-    painter->restore();
+    // The frames of fields and boxes are hard to see in a dark theme as the toolkit draws them.
+    const bool focused = (option->state & State_HasFocus) != 0;
+    const QRectF rect = QRectF(option->rect).adjusted(0.5, 0.5, -0.5, -0.5);
+    if (element == PE_FrameFocusRect)
+        DrawOutline(*painter, EThemeColor::Accent, rect, 2);
+    else if (element == PE_FrameLineEdit && !focused)
+        DrawOutline(*painter, EThemeColor::Border, rect, 2);
+    else if (element == PE_IndicatorCheckBox && (option->state & State_Enabled) != 0)
+        DrawOutline(*painter, EThemeColor::Border, rect, 0);
+    else if (element == PE_IndicatorRadioButton && (option->state & State_Enabled) != 0)
+        DrawOutline(*painter, EThemeColor::Border, rect, rect.width() / 2);
 }
 
 int CThemeStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const

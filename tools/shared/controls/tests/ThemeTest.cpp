@@ -45,7 +45,7 @@ void ExpectContrast(EThemeColor firstFront, EThemeColor lastFront, double least)
 TEST(ThemeTest, EveryTextIsReadableOnEveryBackground)
 {
     ExpectContrast(EThemeColor::Text, EThemeColor::Link, 4.5);
-    ExpectContrast(EThemeColor::Accent, EThemeColor::Accent, 3);
+    ExpectContrast(EThemeColor::Border, EThemeColor::Accent, 3);
     for (const bool dark : {false, true})
     {
         const QPalette palette = CTheme::MakePalette(dark);
