@@ -28,7 +28,7 @@ enum class ESettingsEvent
     BasePath = 0, // With the path, its last separator included.
     General = 1,
     Build = 2,
-    Presentation = 3, // How values are shown.
+    Display = 3,
 };
 
 inline constexpr std::int32_t kExitOk = 0;

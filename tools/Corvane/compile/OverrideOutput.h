@@ -9,7 +9,6 @@
 #include <vector>
 
 class CCorvaneMgr;
-class IWorkerRunner;
 
 // Both are full path texts.
 struct SOverridePaths
@@ -21,11 +20,8 @@ struct SOverridePaths
 class COverrideOutput
 {
 public:
-    // `manager` is not owned, nor is `runner`; without one the host shows the progress.
-    explicit COverrideOutput(CCorvaneMgr& manager, IWorkerRunner* runner = nullptr)
-        : m_Manager(manager), m_pRunner(runner)
-    {
-    }
+    // `manager` is not owned.
+    explicit COverrideOutput(CCorvaneMgr& manager) : m_Manager(manager) {}
 
     // What a choice begins with: the paths of the root file.
     [[nodiscard]] SOverridePaths GetDefaultPaths() const;
@@ -46,5 +42,4 @@ private:
     void MakeWritable(std::u16string_view path);
 
     CCorvaneMgr& m_Manager;
-    IWorkerRunner* m_pRunner;
 };

@@ -67,7 +67,7 @@ CPostBuildStep::CPostBuildStep() = default;
 CPostBuildStep::~CPostBuildStep() = default;
 
 void CPostBuildStep::Run(IFileSystem& files, IQuestions& questions, std::u16string_view command,
-                         std::u16string_view directory, const std::function<bool()>& stop)
+                         std::u16string_view directory)
 {
     // The file layer serves one thread, so that the process is started here and only waited for elsewhere.
     CProcess process;
@@ -89,8 +89,7 @@ void CPostBuildStep::Run(IFileSystem& files, IQuestions& questions, std::u16stri
     }
 
     const auto deadline = std::chrono::steady_clock::now() + std::chrono::milliseconds(m_nWait);
-    while (!step->WaitForEnd(kBetweenPumps) && std::chrono::steady_clock::now() < deadline &&
-           !(stop && stop()))
+    while (!step->WaitForEnd(kBetweenPumps) && std::chrono::steady_clock::now() < deadline)
         questions.PumpMessages();
     TellOutcomes(questions);
 }

@@ -8,6 +8,7 @@
 #include "UiModule.h"
 #include "UndoScope.h"
 #include "UndoText.h"
+#include "ValueListRestorePoint.h"
 #include "ValueSource.h"
 
 #include <QKeyEvent>
@@ -127,7 +128,7 @@ CCorvaneTypeValueDlg* CCorvaneTypeView::GetValueDialog() const
 EViewUpdate CCorvaneTypeView::BeginEdit(const QRect& cell, int item)
 {
     CancelEdit();
-    SetEditedItem(item);
+    m_nEditedItem = item == kHeaderItem ? m_nSelectedItem : item;
     if (m_nEditedItem != kHeaderItem)
         m_pValueDlg = CreateValueDialog(m_pList->GetViewport());
     if (!m_pValueDlg)
@@ -144,11 +145,6 @@ EViewUpdate CCorvaneTypeView::BeginEdit(const QRect& cell, int item)
     return EViewUpdate::None;
 }
 
-void CCorvaneTypeView::SetEditedItem(int item)
-{
-    m_nEditedItem = item == kHeaderItem ? m_nSelectedItem : item;
-}
-
 void CCorvaneTypeView::MoveValueDialog(const QRect& cell)
 {
     if (m_pValueDlg)
@@ -161,11 +157,12 @@ EViewUpdate CCorvaneTypeView::EndEdit()
         return EViewUpdate::None;
     const QPointer<CCorvaneTypeValueDlg> dialog = std::exchange(m_pValueDlg, nullptr);
     dialog->Dismiss();
-    return dialog->IsCancelled() ? EViewUpdate::Repaint : ApplyText(dialog->GetText(), dialog->IsChosen());
+    return dialog->IsCancelled() ? EViewUpdate::Repaint : ApplyEditor(*dialog);
 }
 
-EViewUpdate CCorvaneTypeView::ApplyText(std::u16string_view text, bool chosen)
+EViewUpdate CCorvaneTypeView::ApplyEditor(const CCorvaneTypeValueDlg& dialog)
 {
+    const std::u16string text = dialog.GetText();
     if (m_nEditedItem == kAddItem)
     {
         if (!IsAddable(text) || !RunEdit(kUndoValueAdded, text, [&] { return ApplyAdd(text); }))
@@ -179,7 +176,7 @@ EViewUpdate CCorvaneTypeView::ApplyText(std::u16string_view text, bool chosen)
         return EViewUpdate::Repaint;
     // One that is not set shows the default; leaving it as it was is no choice of that.
     const bool isSet = m_pParentType->IsValueSet(index);
-    if (text == GetEditText(m_nEditedItem) && (isSet || !chosen))
+    if (text == GetEditText(m_nEditedItem) && (isSet || !dialog.IsChosen()))
         return EViewUpdate::Repaint;
     RunEdit(kUndoValueModified, text, [&] { return ApplySet(index, text); });
     return EViewUpdate::Measure;
@@ -221,14 +218,26 @@ bool CCorvaneTypeView::RunEdit(std::u16string_view action, std::u16string_view v
     return true;
 }
 
+bool CCorvaneTypeView::CanChangeValue() const
+{
+    return m_nSelectedItem >= 0 && m_nSelectedItem < static_cast<int>(GetValueCount()) && IsVariableSize() &&
+           m_pParentType->IsEditable();
+}
+
+bool CCorvaneTypeView::CanMoveValue(bool up) const
+{
+    return CanChangeValue() &&
+           (up ? m_nSelectedItem > 0 : m_nSelectedItem + 1 < static_cast<int>(GetValueCount()));
+}
+
 bool CCorvaneTypeView::DeleteValue()
 {
-    const int item = m_nSelectedItem;
-    if (item < 0 || !IsVariableSize() || !m_pParentType->IsEditable())
+    if (!CanChangeValue())
         return false;
+    const int item = m_nSelectedItem;
     const auto index = static_cast<std::size_t>(item);
     const std::u16string value(m_pParentType->GetValue(index));
-    if (!RunEdit(kUndoValueDeleted, value, [&] { return m_pParentType->RemoveValue(index); }))
+    if (!RunEdit(kUndoValueDeleted, value, [&] { return ApplyRemove(index); }))
         return false;
     const int count = static_cast<int>(GetValueCount());
     SetActiveSubItem(count == 0 ? kAddItem : std::min(item, count - 1));
@@ -237,18 +246,25 @@ bool CCorvaneTypeView::DeleteValue()
 
 bool CCorvaneTypeView::MoveValue(bool up)
 {
-    const int item = m_nSelectedItem;
-    const int count = static_cast<int>(GetValueCount());
-    if (item < 0 || !IsVariableSize() || !m_pParentType->IsEditable() || (up ? item == 0 : item + 1 >= count))
+    if (!CanMoveValue(up))
         return false;
+    const int item = m_nSelectedItem;
     const auto index = static_cast<std::size_t>(item);
     const std::u16string value(m_pParentType->GetValue(index));
-    const auto move = [&]
-    { return up ? m_pParentType->MoveValueUp(index) : m_pParentType->MoveValueDown(index); };
-    if (!RunEdit(kUndoValueModified, value, move))
+    if (!RunEdit(kUndoValueModified, value, [&] { return ApplyMove(index, up); }))
         return false;
     SetActiveSubItem(up ? item - 1 : item + 1);
     return true;
+}
+
+bool CCorvaneTypeView::ApplyRemove(std::size_t index)
+{
+    return RemoveValueUndoable(*m_pParentType, index);
+}
+
+bool CCorvaneTypeView::ApplyMove(std::size_t index, bool up)
+{
+    return MoveValueUndoable(*m_pParentType, index, up);
 }
 
 QString CCorvaneTypeView::GetToolTip(const QRect& rect, const QPoint& point) const
