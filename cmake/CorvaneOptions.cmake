@@ -150,7 +150,10 @@ function(corvane_ui_library target)
   target_compile_definitions(${target} PUBLIC QT_NO_KEYWORDS)
   target_link_libraries(${target} PUBLIC ${ARG_LINK} Qt6::Widgets)
   target_include_directories(${target} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
-  set_target_properties(${target} PROPERTIES AUTOMOC ON AUTORCC ON)
+  # Visible like the core: one hidden copy of an inline function of the core hides it in the whole module, which
+  # then no longer takes the program's.
+  set_target_properties(${target} PROPERTIES AUTOMOC ON AUTORCC ON CXX_VISIBILITY_PRESET default
+    VISIBILITY_INLINES_HIDDEN OFF)
   corvane_precompile(${target} Ui)
 endfunction()
 

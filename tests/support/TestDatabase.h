@@ -38,6 +38,7 @@ public:
     [[nodiscard]] std::u16string GetUserName() override { return u"tester"; }
     [[nodiscard]] bool OpenInShell(std::u16string_view path) override { return Take(u"open ", path); }
     [[nodiscard]] bool OpenLink(std::u16string_view address) override { return Take(u"link ", address); }
+    [[nodiscard]] bool ShowInFolder(std::u16string_view path) override { return Take(u"show ", path); }
     [[nodiscard]] bool PlaySoundFile(std::u16string_view path) override { return Take(u"play ", path); }
     [[nodiscard]] bool MoveToRecycleBin(std::u16string_view path) override
     {
@@ -49,7 +50,8 @@ public:
     bool m_bServe = false;
     bool m_bBin = true; // There is a bin; what it gets is gone.
     int m_nBeeps = 0;
-    std::vector<std::u16string> m_Calls; // "open <path>", "link <address>", "play <path>", "bin <path>".
+    // "open <path>", "link <address>", "show <path>", "play <path>", "bin <path>".
+    std::vector<std::u16string> m_Calls;
 
 private:
     bool Take(std::u16string_view what, std::u16string_view path)

@@ -96,7 +96,10 @@ bool CCorvaneApp::LoadUi()
         m_pUi.reset(create(*this));
     if (m_pUi)
     {
+        // The toolkit leaves threads and handlers behind, which must not lose their code.
+        m_UiModule.KeepLoaded();
         m_Questions.SetHost(m_pUi->GetQuestions());
+        m_Session.SetServices(&m_pUi->GetServices());
         return true;
     }
     if (cause.empty())
@@ -165,6 +168,7 @@ std::int32_t CCorvaneApp::ExitInstance()
 {
     m_Run.Set(APP_CLOSING);
     SaveSettings();
+    m_Session.SetServices(nullptr);
     m_pUi.reset();
     m_Questions.SetHost(m_Run.m_bSilent ? static_cast<IQuestions&>(m_Silent) : m_Console);
     m_pMainDocument.reset();

@@ -35,7 +35,7 @@ int CCorvaneApp::OnSettings(ESettingsEvent event)
     case ESettingsEvent::Build:
         LoadBuildSettings();
         break;
-    case ESettingsEvent::Display:
+    case ESettingsEvent::Presentation:
         m_Manager.Notify(
             CCorvaneEvent(ECorvaneEvent::AttributesChanged, static_cast<CCorvaneRecord*>(nullptr)));
         break;

@@ -20,7 +20,7 @@ std::u16string GetModuleDirectory(IFileSystem& files)
 CCorvaneSession::CCorvaneSession(IQuestions& questions)
     : m_AssertLog(ToNarrow(GetProgramFile())), m_Services(m_Files), m_Profile(m_Files, GetProfilePath()),
       m_Modules(m_Files, GetProgramDirectory(), GetModuleDirectory(m_Files)),
-      m_Context{m_Files, questions, m_Services, m_Run, m_Profile, m_Modules}, m_Undo(m_Services),
+      m_Context{m_Files, questions, m_HostServices, m_Run, m_Profile, m_Modules}, m_Undo(m_HostServices),
       m_Manager(m_Context, m_Types, m_AttribData, m_Gate, m_Undo)
 {
     m_AssertLog.Install();

@@ -9,6 +9,7 @@
 #include "CorvaneType.h"
 #include "CorvaneTypeMgr.h"
 #include "DiskFileSystem.h"
+#include "HostServices.h"
 #include "Module.h"
 #include "Profile.h"
 #include "RunState.h"
@@ -33,6 +34,8 @@ public:
     [[nodiscard]] const CModuleFinder& GetModules() const { return m_Modules; }
     [[nodiscard]] CRunState& GetRun() { return m_Run; }
     [[nodiscard]] const CCorvaneContext& GetContext() const { return m_Context; }
+    // Takes the services of another host; null goes back to the system's. Not owned.
+    void SetServices(IServices* services) { m_HostServices.SetServices(services ? *services : m_Services); }
     // Commands open their groups here; a run without a user opens none.
     [[nodiscard]] CUndoMgr& GetUndo() { return m_Undo; }
     [[nodiscard]] CCorvaneMgr& GetManager() { return m_Manager; }
@@ -41,6 +44,7 @@ private:
     CAssertLog m_AssertLog;
     CDiskFileSystem m_Files;
     CSystemServices m_Services;
+    CHostServices m_HostServices{m_Services};
     CProfile m_Profile;
     CModuleFinder m_Modules;
     CRunState m_Run;

@@ -31,12 +31,22 @@ void CRecentFileList::Store(CProfile& profile) const
 {
     for (std::size_t i = 0; i < m_Files.size(); ++i)
         profile.SetString(kSection, GetKey(i), m_Files[i]);
+    // A list that became shorter leaves keys behind.
+    for (std::size_t i = m_Files.size(); i < kMaxFiles; ++i)
+        if (!profile.GetString(kSection, GetKey(i), u"").empty())
+            profile.SetString(kSection, GetKey(i), u"");
+}
+
+void CRecentFileList::Remove(std::u16string_view path)
+{
+    const std::u16string removed(path); // The view may be of an entry of the list.
+    std::erase_if(m_Files, [&](const std::u16string& file) { return EqualNames(file, removed); });
 }
 
 void CRecentFileList::Add(std::u16string_view path)
 {
-    std::u16string added(path); // The view may be of an entry of the list.
-    std::erase_if(m_Files, [&](const std::u16string& file) { return EqualNames(file, added); });
+    std::u16string added(path);
+    Remove(added);
     m_Files.insert(m_Files.begin(), std::move(added));
     m_Files.resize(std::min(m_Files.size(), kMaxFiles));
 }

@@ -18,6 +18,8 @@ public:
     void Store(CProfile& profile) const;
     // Puts a file at the front.
     void Add(std::u16string_view path);
+    // Takes a file out, wherever it stands.
+    void Remove(std::u16string_view path);
     // Newest first.
     [[nodiscard]] const std::vector<std::u16string>& GetFiles() const { return m_Files; }
 

@@ -11,6 +11,7 @@ class CCorvaneMgr;
 class CRecentFileList;
 class CUndoMgr;
 class IQuestions;
+class IServices;
 struct CCorvaneContext;
 
 // What the windows ask of the program. Lives longer than the user interface.
@@ -40,6 +41,8 @@ class ICorvaneUi
 public:
     // Where every question goes from now on. Lives as long as the interface.
     [[nodiscard]] virtual IQuestions& GetQuestions() = 0;
+    // Where everything is asked of the system from now on. Lives as long as the interface.
+    [[nodiscard]] virtual IServices& GetServices() = 0;
     // Shows the main window and returns when the user has closed it; the result is the exit status.
     [[nodiscard]] virtual int Run() = 0;
     virtual void Release() = 0;

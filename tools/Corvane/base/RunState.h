@@ -28,7 +28,7 @@ enum class ESettingsEvent
     BasePath = 0, // With the path, its last separator included.
     General = 1,
     Build = 2,
-    Display = 3,
+    Presentation = 3, // How values are shown.
 };
 
 inline constexpr std::int32_t kExitOk = 0;

@@ -156,7 +156,10 @@ void CDatabaseCompiler::RunPostBuildStep(CCompileProgress& progress)
         return;
     progress.SetText(u"Performing Post Build Step...");
     const CCorvaneContext& context = m_Manager.GetContext();
-    m_PostBuild.Run(context.m_Files, context.m_Questions, command, m_Manager.GetToolsDirectory());
+    // A user who cancels does not want to sit through a step that hangs; a run without a window waits, since
+    // its end is the end of what it has to tell.
+    const auto stop = [&] { return context.m_Questions.HasWindow() && !progress.Update(); };
+    m_PostBuild.Run(context.m_Files, context.m_Questions, command, m_Manager.GetToolsDirectory(), stop);
 }
 
 void CDatabaseCompiler::TellPostBuildOutcome()

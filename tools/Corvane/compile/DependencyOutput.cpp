@@ -205,7 +205,7 @@ std::int32_t CDependencyOutput::SaveDependencies(std::u16string_view file)
         target.SetWritten();
         return SaveList(list, name, compressed, error) ? kExitOk : kExitFailed;
     };
-    const std::int32_t result = RunWorker(context.m_Questions, u"Save Dependencies", work);
+    const std::int32_t result = RunWorker(context.m_Questions, m_pRunner, u"Save Dependencies", work);
     if (result == kExitFailed && !walked)
         m_sFailure = u"an attribute refused";
     if (result < 0)

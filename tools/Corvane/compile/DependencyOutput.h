@@ -11,15 +11,20 @@
 #include <string_view>
 
 class CCorvaneMgr;
+class IWorkerRunner;
 struct CFileError;
 
 class CDependencyOutput
 {
 public:
-    // `manager` is not owned; its database does not change during a save.
-    explicit CDependencyOutput(const CCorvaneMgr& manager) : m_Manager(manager) {}
+    // `manager` is not owned; its database does not change during a save. Nor is `runner`; without one the
+    // host shows the progress.
+    explicit CDependencyOutput(const CCorvaneMgr& manager, IWorkerRunner* runner = nullptr)
+        : m_Manager(manager), m_pRunner(runner)
+    {
+    }
 
-    // Runs under the host's progress. 0; kResultCancelled; kExitFailed, with the cause in GetFailure.
+    // Runs under a progress. 0; kResultCancelled; kExitFailed, with the cause in GetFailure.
     // Whatever fails, an old file keeps its bytes. Nothing is told: a failure only closes the progress.
     [[nodiscard]] std::int32_t SaveDependencies(std::u16string_view file);
 
@@ -33,6 +38,7 @@ private:
     [[nodiscard]] std::int32_t Fail(const CFileError& error);
 
     const CCorvaneMgr& m_Manager;
+    IWorkerRunner* m_pRunner;
     std::u16string m_sFailure;
     std::set<std::string> m_InexactNames;
 };

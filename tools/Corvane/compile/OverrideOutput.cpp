@@ -72,7 +72,7 @@ bool COverrideOutput::CreateOverrideOutput(const SOverridePaths& paths, std::uin
     parameters.m_sConstraints = context.m_Files.GetNativePath(paths.m_sConstraints);
     parameters.m_nBuild = build;
     const std::int32_t result =
-        RunWorker(context.m_Questions, u"Create Override Output",
+        RunWorker(context.m_Questions, m_pRunner, u"Create Override Output",
                   [&](IWorkerEvents& events) { return SaveOverrides(&parameters, events); });
     if (result >= 0)
         return true;

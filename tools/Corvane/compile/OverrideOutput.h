@@ -9,6 +9,7 @@
 #include <vector>
 
 class CCorvaneMgr;
+class IWorkerRunner;
 
 // Both are full path texts.
 struct SOverridePaths
@@ -20,8 +21,11 @@ struct SOverridePaths
 class COverrideOutput
 {
 public:
-    // `manager` is not owned.
-    explicit COverrideOutput(CCorvaneMgr& manager) : m_Manager(manager) {}
+    // `manager` is not owned, nor is `runner`; without one the host shows the progress.
+    explicit COverrideOutput(CCorvaneMgr& manager, IWorkerRunner* runner = nullptr)
+        : m_Manager(manager), m_pRunner(runner)
+    {
+    }
 
     // What a choice begins with: the paths of the root file.
     [[nodiscard]] SOverridePaths GetDefaultPaths() const;
@@ -42,4 +46,5 @@ private:
     void MakeWritable(std::u16string_view path);
 
     CCorvaneMgr& m_Manager;
+    IWorkerRunner* m_pRunner;
 };

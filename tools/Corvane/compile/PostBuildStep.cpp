@@ -67,7 +67,7 @@ CPostBuildStep::CPostBuildStep() = default;
 CPostBuildStep::~CPostBuildStep() = default;
 
 void CPostBuildStep::Run(IFileSystem& files, IQuestions& questions, std::u16string_view command,
-                         std::u16string_view directory)
+                         std::u16string_view directory, const std::function<bool()>& stop)
 {
     // The file layer serves one thread, so that the process is started here and only waited for elsewhere.
     CProcess process;
@@ -89,7 +89,8 @@ void CPostBuildStep::Run(IFileSystem& files, IQuestions& questions, std::u16stri
     }
 
     const auto deadline = std::chrono::steady_clock::now() + std::chrono::milliseconds(m_nWait);
-    while (!step->WaitForEnd(kBetweenPumps) && std::chrono::steady_clock::now() < deadline)
+    while (!step->WaitForEnd(kBetweenPumps) && std::chrono::steady_clock::now() < deadline &&
+           !(stop && stop()))
         questions.PumpMessages();
     TellOutcomes(questions);
 }

@@ -5,6 +5,7 @@
 // nobody hears of its outcome.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -22,9 +23,10 @@ public:
     CPostBuildStep& operator=(const CPostBuildStep&) = delete;
 
     // Starts `command` in `directory` without a shell and waits for it, at most the time that is set, while
-    // the host handles its input. A failure that is known by then is told.
+    // the host handles its input. `stop` is asked between; true ends the waiting, not the step. A failure
+    // that is known by then is told.
     void Run(IFileSystem& files, IQuestions& questions, std::u16string_view command,
-             std::u16string_view directory);
+             std::u16string_view directory, const std::function<bool()>& stop = {});
     // Tells the failures of steps that ended after their Run had returned.
     void TellOutcomes(IQuestions& questions);
     // The command of the oldest step that still runs; empty text for none.

@@ -169,3 +169,9 @@ std::int32_t RunWorker(IQuestions& host, std::u16string_view title, const FWorke
     CDirectEvents events(*progress);
     return worker(events);
 }
+
+std::int32_t RunWorker(IQuestions& host, IWorkerRunner* runner, std::u16string_view title,
+                       const FWorker& worker)
+{
+    return runner ? runner->Run(title, worker) : RunWorker(host, title, worker);
+}

@@ -32,3 +32,16 @@ public:
 // What the worker throws arrives at the caller.
 using FWorker = std::function<std::int32_t(IWorkerEvents&)>;
 [[nodiscard]] std::int32_t RunWorker(IQuestions& host, std::u16string_view title, const FWorker& worker);
+
+// Runs workers in the place of RunWorker: a user interface with a progress of its own.
+class IWorkerRunner
+{
+public:
+    [[nodiscard]] virtual std::int32_t Run(std::u16string_view title, const FWorker& worker) = 0;
+
+protected:
+    ~IWorkerRunner() = default;
+};
+// Through `runner`, or without one through the host.
+[[nodiscard]] std::int32_t RunWorker(IQuestions& host, IWorkerRunner* runner, std::u16string_view title,
+                                     const FWorker& worker);

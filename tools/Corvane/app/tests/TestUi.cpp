@@ -5,6 +5,7 @@
 #include "UiModule.h"
 #include "Unicode.h"
 #include "host/RecordingQuestions.h"
+#include "host/SystemServices.h"
 
 #include <cstdio>
 
@@ -16,6 +17,7 @@ public:
     explicit CTestUi(ICorvaneApplication& application) : m_Application(application) {}
 
     [[nodiscard]] IQuestions& GetQuestions() override { return m_Questions; }
+    [[nodiscard]] IServices& GetServices() override { return m_Services; }
     [[nodiscard]] int Run() override
     {
         // A user who made changes keeps the window first, then lets it go.
@@ -43,6 +45,7 @@ public:
 private:
     ICorvaneApplication& m_Application;
     CRecordingQuestions m_Questions;
+    CSystemServices m_Services{m_Application.GetContext().m_Files};
 };
 } // namespace
 

@@ -16,6 +16,7 @@ public:
     [[nodiscard]] std::u16string GetUserName() override;
     [[nodiscard]] bool OpenInShell(std::u16string_view path) override;
     [[nodiscard]] bool OpenLink(std::u16string_view address) override;
+    [[nodiscard]] bool ShowInFolder(std::u16string_view path) override;
     // The core has no sound output: false. An interactive host derives its own services to play.
     [[nodiscard]] bool PlaySoundFile(std::u16string_view path) override;
     [[nodiscard]] bool MoveToRecycleBin(std::u16string_view path) override;

@@ -155,6 +155,7 @@ TEST(SystemServices, TellsTheTimeAndFillsTheRecycleBin)
     EXPECT_THAT(ToNarrow(services.GetDateText()), testing::MatchesRegex("[0-9]{2}/[0-9]{2}/[0-9]{2}"));
     EXPECT_FALSE(services.GetUserName().empty());
     EXPECT_FALSE(services.OpenInShell(u"/no/such/file"));
+    EXPECT_FALSE(services.ShowInFolder(u"/no/such/file"));
     EXPECT_FALSE(services.MoveToRecycleBin(scratch.Text("db/none.record")));
     // Letter case as in a path text that another system wrote.
     EXPECT_TRUE(services.MoveToRecycleBin(scratch.Text("DB/one.record")));
