@@ -8,6 +8,7 @@
 #include "TestEditor.h"
 #include "TypeViewRegistry.h"
 
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QPainter>
 #include <QTest>
@@ -76,7 +77,11 @@ public:
         ASSERT_NE(dialog, nullptr);
         QWidget* field = QApplication::focusWidget();
         ASSERT_TRUE(dialog->Owns(field));
-        QTest::keyClicks(field, text);
+        for (const QChar unit : text)
+        {
+            QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString(unit));
+            QApplication::sendEvent(field, &press);
+        }
         QTest::keyClick(field, end);
     }
 
