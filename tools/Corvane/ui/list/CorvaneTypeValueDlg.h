@@ -25,7 +25,7 @@ public:
     ~CCorvaneTypeValueDlg() override;
 
     void SetText(std::u16string_view text);
-    [[nodiscard]] std::u16string GetText() const;
+    [[nodiscard]] virtual std::u16string GetText() const;
 
     // End the edit; the second call does nothing. `Accept` is a choice of the user, which counts also where
     // the text is what it was.

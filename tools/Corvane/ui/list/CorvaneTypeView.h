@@ -148,6 +148,14 @@ protected:
     // Puts the text of an editor into the attribute; in the undo group of the edit.
     [[nodiscard]] virtual bool ApplyAdd(std::u16string_view text);
     [[nodiscard]] virtual bool ApplySet(std::size_t index, std::u16string_view text);
+    // Gives a text to the edited item, in an undo group of its own. `chosen` counts also where the text is
+    // what it was. For a view whose editor is a window of its own, from BeginEdit.
+    [[nodiscard]] EViewUpdate ApplyText(std::u16string_view text, bool chosen);
+    // Sets what GetEditedItem answers: `item`, or the active sub-item for kHeaderItem.
+    void SetEditedItem(int item);
+    // False once the list has dropped the view, which then must not use it any more; to be asked after
+    // anything that lets events pass.
+    [[nodiscard]] bool IsAttached() const { return m_bAttached; }
     // Remove and move a value; in the undo group of the command. The base serves values that are texts.
     [[nodiscard]] virtual bool ApplyRemove(std::size_t index);
     [[nodiscard]] virtual bool ApplyMove(std::size_t index, bool up);
@@ -181,7 +189,6 @@ private:
                                             Qt::KeyboardModifiers modifiers);
     void DrawBuildCell(QPainter& painter, const QRect& cell) const;
     void DrawMarks(QPainter& painter, const QRect& rect) const;
-    [[nodiscard]] EViewUpdate ApplyEditor(const CCorvaneTypeValueDlg& dialog);
     [[nodiscard]] QString GetHeaderToolTip(EListColumn column) const;
 
     CRef<CCorvaneType> m_pParentType;

@@ -128,7 +128,7 @@ CCorvaneTypeValueDlg* CCorvaneTypeView::GetValueDialog() const
 EViewUpdate CCorvaneTypeView::BeginEdit(const QRect& cell, int item)
 {
     CancelEdit();
-    m_nEditedItem = item == kHeaderItem ? m_nSelectedItem : item;
+    SetEditedItem(item);
     if (m_nEditedItem != kHeaderItem)
         m_pValueDlg = CreateValueDialog(m_pList->GetViewport());
     if (!m_pValueDlg)
@@ -145,6 +145,11 @@ EViewUpdate CCorvaneTypeView::BeginEdit(const QRect& cell, int item)
     return EViewUpdate::None;
 }
 
+void CCorvaneTypeView::SetEditedItem(int item)
+{
+    m_nEditedItem = item == kHeaderItem ? m_nSelectedItem : item;
+}
+
 void CCorvaneTypeView::MoveValueDialog(const QRect& cell)
 {
     if (m_pValueDlg)
@@ -157,12 +162,11 @@ EViewUpdate CCorvaneTypeView::EndEdit()
         return EViewUpdate::None;
     const QPointer<CCorvaneTypeValueDlg> dialog = std::exchange(m_pValueDlg, nullptr);
     dialog->Dismiss();
-    return dialog->IsCancelled() ? EViewUpdate::Repaint : ApplyEditor(*dialog);
+    return dialog->IsCancelled() ? EViewUpdate::Repaint : ApplyText(dialog->GetText(), dialog->IsChosen());
 }
 
-EViewUpdate CCorvaneTypeView::ApplyEditor(const CCorvaneTypeValueDlg& dialog)
+EViewUpdate CCorvaneTypeView::ApplyText(std::u16string_view text, bool chosen)
 {
-    const std::u16string text = dialog.GetText();
     if (m_nEditedItem == kAddItem)
     {
         if (!IsAddable(text) || !RunEdit(kUndoValueAdded, text, [&] { return ApplyAdd(text); }))
@@ -176,7 +180,7 @@ EViewUpdate CCorvaneTypeView::ApplyEditor(const CCorvaneTypeValueDlg& dialog)
         return EViewUpdate::Repaint;
     // One that is not set shows the default; leaving it as it was is no choice of that.
     const bool isSet = m_pParentType->IsValueSet(index);
-    if (text == GetEditText(m_nEditedItem) && (isSet || !dialog.IsChosen()))
+    if (text == GetEditText(m_nEditedItem) && (isSet || !chosen))
         return EViewUpdate::Repaint;
     RunEdit(kUndoValueModified, text, [&] { return ApplySet(index, text); });
     return EViewUpdate::Measure;
