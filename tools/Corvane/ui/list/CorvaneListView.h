@@ -12,6 +12,7 @@
 class CCorvaneDoc;
 class CCorvaneListViewHeader;
 class CCorvaneListViewList;
+class CCorvaneMgr;
 class CCorvaneRecord;
 class CCorvaneTypeView;
 class IEditorFrame;
@@ -78,10 +79,13 @@ private:
     void ToggleOverride();
     void ToggleTodo();
     void TogglePlaceHolder();
+    void DeferDelete();
+    void DeferDeprecate();
     void ImmediateDelete();
     void GetMarkState(SCommandState& state, bool (CCorvaneAttrib::*mark)() const) const;
     void MoveValue(bool up);
     void RunOnAttribute(bool (CCorvaneType::*edit)(bool), bool on);
+    template <class Dialog> void Defer(bool (CCorvaneMgr::*defer)(CCorvaneAttrib*, std::uint32_t));
     [[nodiscard]] bool DeleteFromSchema(CCorvaneType& attrib);
 
     IEditorFrame& m_Frame;

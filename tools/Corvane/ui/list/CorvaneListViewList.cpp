@@ -6,6 +6,7 @@
 #include "CorvaneRecord.h"
 #include "EditEndFilter.h"
 #include "Editor.h"
+#include "ListAccessible.h"
 #include "ListSorting.h"
 #include "RunState.h"
 #include "Theme.h"
@@ -33,6 +34,7 @@ CCorvaneListViewList::CCorvaneListViewList(IEditorFrame& frame, CCorvaneListView
     m_pUpdate->setInterval(0);
     connect(m_pUpdate, &QTimer::timeout, this, [this] { Flush(); });
     connect(&m_ScrollBar, &QScrollBar::valueChanged, this, [this](int value) { ScrollTo(-value); });
+    InstallListAccessibility();
     CEditEndFilter::Add(*this);
 }
 
@@ -131,7 +133,7 @@ void CCorvaneListViewList::RebuildRows()
         view->Detach();
     }
     SortRows();
-    const bool gone = selected && FindAttribute(*selected) < 0;
+    const bool gone = selected && FindAttribute(selected.Get()) < 0;
     SelectView(selected.Get());
     if (gone)
         OnSelectionChanged();
@@ -211,10 +213,10 @@ CCorvaneTypeView* CCorvaneListViewList::GetAttribute(int iIndex) const
     return m_AttribList[static_cast<std::size_t>(iIndex)].m_pView.Get();
 }
 
-int CCorvaneListViewList::FindAttribute(const CCorvaneTypeView& view) const
+int CCorvaneListViewList::FindAttribute(const CCorvaneTypeView* view) const
 {
     const auto found = std::find_if(m_AttribList.begin(), m_AttribList.end(),
-                                    [&view](const SRow& row) { return row.m_pView == &view; });
+                                    [view](const SRow& row) { return row.m_pView.Get() == view; });
     return found == m_AttribList.end() ? -1 : static_cast<int>(found - m_AttribList.begin());
 }
 
@@ -380,7 +382,7 @@ void CCorvaneListViewList::MarkRow(int index, bool selected)
 
 void CCorvaneListViewList::SelectView(const CCorvaneTypeView* view)
 {
-    m_nSelected = view == nullptr ? -1 : FindAttribute(*view);
+    m_nSelected = FindAttribute(view);
     if (m_nSelected >= 0)
         m_AttribList[static_cast<std::size_t>(m_nSelected)].m_dwFlags |= kRowSelected;
 }
@@ -388,6 +390,7 @@ void CCorvaneListViewList::SelectView(const CCorvaneTypeView* view)
 void CCorvaneListViewList::OnSelectionChanged()
 {
     update();
+    TellAccessibleSelection(*this);
     if (m_Hooks.m_OnSelection)
         m_Hooks.m_OnSelection();
 }

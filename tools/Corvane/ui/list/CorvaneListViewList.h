@@ -55,7 +55,7 @@ public:
     void InsertAttribute(int iIndex, CCorvaneType& attrib);
     [[nodiscard]] CCorvaneTypeView* GetAttribute(int iIndex) const;
     [[nodiscard]] int GetAttributeCount() const { return static_cast<int>(m_AttribList.size()); }
-    [[nodiscard]] int FindAttribute(const CCorvaneTypeView& view) const;
+    [[nodiscard]] int FindAttribute(const CCorvaneTypeView* view) const; // -1 for none; never looks into it.
     // `index`, or -1 past the end.
     int GetItemRect(int index, QRect& rcItem) const;
     // -1 for none.

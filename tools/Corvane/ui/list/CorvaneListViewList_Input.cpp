@@ -84,7 +84,7 @@ void CCorvaneListViewList::PlaceEditor()
 {
     if (!m_bEditing)
         return;
-    const int index = FindAttribute(*m_pEditView);
+    const int index = FindAttribute(m_pEditView.Get());
     if (index >= 0)
         m_pEditView->MoveValueDialog(GetEditCell(*m_pEditView, index));
 }
@@ -95,7 +95,7 @@ void CCorvaneListViewList::ApplyUpdate(CCorvaneTypeView& view, EViewUpdate updat
     {
     case EViewUpdate::Measure:
     case EViewUpdate::MeasureEditEnded:
-        if (const int index = FindAttribute(view); index >= 0)
+        if (const int index = FindAttribute(&view); index >= 0)
             MeasureAttribute(index);
         else
             MeasureAll();

@@ -6,12 +6,15 @@
 #include "CorvaneRecord.h"
 #include "CorvaneSchema.h"
 #include "CorvaneSchemaAttribData.h"
+#include "DeferDeleteAttribDlg.h"
+#include "DeferDeprecatedAttribDlg.h"
 #include "Editor.h"
 #include "MemberStore.h"
 #include "RunState.h"
 #include "UiModule.h"
 #include "host/Questions.h"
 
+#include <QPointer>
 #include <algorithm>
 
 struct CCorvaneListView::SCommandRow
@@ -38,6 +41,8 @@ const CCorvaneListView::SCommandRow* CCorvaneListView::FindCommandRow(int id)
         {ID_OVERRIDE, &View::GetOverrideState, &View::ToggleOverride},
         {ID_TODO, &View::GetTodoState, &View::ToggleTodo},
         {ID_PLACEHOLDER, &View::GetPlaceHolderState, &View::TogglePlaceHolder},
+        {ID_DEFER_DELETE, &View::GetExpertState, &View::DeferDelete},
+        {ID_DEFER_DEPRECATE, &View::GetExpertState, &View::DeferDeprecate},
         {ID_IMMEDIATE_DELETE, &View::GetExpertState, &View::ImmediateDelete},
     };
     const auto found = std::find_if(std::begin(rows), std::end(rows),
@@ -252,6 +257,36 @@ void CCorvaneListView::GetExpertState(SCommandState& state) const
     state.m_bEnabled = IsExpert() && GetTarget() != nullptr;
     if (!IsExpert())
         state.m_sWhyNot = QStringLiteral("Only in expert mode");
+}
+
+template <class Dialog>
+void CCorvaneListView::Defer(bool (CCorvaneMgr::*defer)(CCorvaneAttrib*, std::uint32_t))
+{
+    CCorvaneTypeView* view = GetTarget();
+    if (view == nullptr)
+        return;
+    const CRef<CCorvaneType> attrib(&view->GetParentType());
+    CCorvaneMgr& manager = m_Frame.GetEditor().GetApplication().GetManager();
+    const QPointer<CCorvaneListView> guard(this);
+    Dialog dialog(manager.GetActiveBuild(), m_Frame.GetWindow());
+    if (dialog.exec() != QDialog::Accepted || !guard)
+        return;
+    // The record may have gone while the dialog was open.
+    const CCorvaneRecord* record = attrib->GetOwnerRecord();
+    if (record == nullptr || record != m_pList->GetRecord())
+        return;
+    if ((manager.*defer)(attrib.Get(), dialog.GetBuild()))
+        m_pList->InvalidateRows();
+}
+
+void CCorvaneListView::DeferDelete()
+{
+    Defer<CDeferDeleteAttribDlg>(&CCorvaneMgr::DeferDeleteAttribute);
+}
+
+void CCorvaneListView::DeferDeprecate()
+{
+    Defer<CDeferDeprecatedAttribDlg>(&CCorvaneMgr::DeferDeprecateAttribute);
 }
 
 void CCorvaneListView::ImmediateDelete()

@@ -13,10 +13,14 @@
 #include "TypeViewRegistry.h"
 #include "Unicode.h"
 
+#include <QApplication>
+#include <QContextMenuEvent>
 #include <QLineEdit>
 #include <QScrollBar>
 #include <QTest>
+
 #include <QVBoxLayout>
+#include <QWheelEvent>
 #include <gtest/gtest.h>
 
 class CListTestKit : public testing::Test
@@ -35,8 +39,8 @@ protected:
         m_Test.AddSchema("Unit", kSchema);
         m_Test.AddCategory("Units", "Unit");
         m_Test.AddRecord("Units/Tank", "Unit");
-        m_Test.AddRecord("Units/Heavy", "Unit", "[Attrib.Armor.0]\nInherit=True\n",
-                         "Hierarchy=Units\\Tank\n");
+        m_Test.AddRecord("Units/Heavy", "Unit",
+                         "[Hierarchy]\nRecord=Units/Tank\n\n[Attrib.Armor]\nInherit=True\n\n");
         EXPECT_TRUE(m_Test.Open());
         m_Editor.m_pHelp = &m_Help;
         auto* layout = new QVBoxLayout(&m_Editor.m_Window);
@@ -98,7 +102,12 @@ protected:
     }
     void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) { QTest::keyClick(&List(), key, modifiers); }
     // The field of the editor that is open.
-    [[nodiscard]] QLineEdit* Field() { return List().findChild<QLineEdit*>(QStringLiteral("IntegerValue")); }
+    [[nodiscard]] QLineEdit* Field()
+    {
+        CCorvaneTypeView* row = List().GetSelectedRow();
+        CCorvaneTypeValueDlg* dialog = row ? row->GetValueDialog() : nullptr;
+        return dialog ? dialog->findChild<QLineEdit*>(QStringLiteral("IntegerValue")) : nullptr;
+    }
     [[nodiscard]] bool Run(int id)
     {
         SCommandState state;
