@@ -69,6 +69,7 @@ public:
     [[nodiscard]] bool IsConnected() const override { return m_bConnected; }
     [[nodiscard]] bool IsControlled(std::u16string_view) override { return m_bConnected; }
     [[nodiscard]] bool IsMine(std::u16string_view) override { return m_bConnected && m_bMine; }
+    [[nodiscard]] std::uint32_t GetFileFlags(std::u16string_view) override { return m_nFileFlags; }
     using CSourceGate::CheckOutForEdit;
     [[nodiscard]] bool CheckOutForEdit(CCorvaneRecord&) override { return Answer(); }
     [[nodiscard]] bool CheckOutForEdit(CCorvaneCategory&) override { return Answer(); }
@@ -87,6 +88,7 @@ public:
     bool m_bRefuseConnection = false;
     bool m_bConnected = false;
     bool m_bMine = false; // Every file is checked out to the user.
+    std::uint32_t m_nFileFlags = 0;
     bool m_bGrant = true;
     int m_nGrants = -1; // So many are left; negative for no limit.
     int m_nAsked = 0;

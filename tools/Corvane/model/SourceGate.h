@@ -11,6 +11,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 class CCorvaneCategory;
 class CCorvaneRecord;
@@ -32,6 +33,21 @@ enum class EControlledFileStatus
     CheckedOutHere = 2,
     CheckedOutElsewhere = 4,
     CheckedIn = 5,
+};
+
+// What a provider says about a file.
+enum EFileFlags : std::uint32_t
+{
+    FILE_FLAG_OPEN = 0x2, // On this client.
+    FILE_FLAG_PENDING_ADD = 0x8,
+    FILE_FLAG_MINE = 0x10000, // Checked out.
+    FILE_FLAG_SOMEBODY_ELSES = 0x20000,
+};
+
+struct SCheckOutUser
+{
+    std::u16string m_sName;
+    std::u16string m_sComment;
 };
 
 class CSourceGate
@@ -64,6 +80,10 @@ public:
     {
         return EControlledFileStatus::None;
     }
+    // Bits of EFileFlags.
+    [[nodiscard]] virtual std::uint32_t GetFileFlags(std::u16string_view) { return 0; }
+    [[nodiscard]] virtual bool IsServerNewer(std::u16string_view) { return false; }
+    [[nodiscard]] virtual std::vector<SCheckOutUser> GetCheckOutUsers(std::u16string_view) { return {}; }
     // On its way out: checked out for delete, so that it takes no part in outputs and checks.
     [[nodiscard]] virtual bool IsDeletePending(const CCorvaneRecord&) { return false; }
     [[nodiscard]] virtual bool IsDeletePending(const CCorvaneCategory&) { return false; }
