@@ -15,6 +15,11 @@ cp -r "$tree/samples/outpost" "$scratch/outpost"
   "$scratch/outpost/Database/Outpost.Gamdb00s"
 "$scratch/corvane/bin/gamedb-dump" --summary "$scratch/out.Gamdb00p" >"$scratch/summary"
 
+# The windows and the player of sounds lie where the program looks for them.
+told=$(QT_QPA_PLATFORM=none-such "$scratch/corvane/bin/corvane" 2>&1) || true
+case $told in *"platform plugin"*) ;; *) echo "$told"; exit 1 ;; esac
+[ -x "$scratch/corvane/lib/corvane/corvane-sound" ] || { echo "There is no player of sounds."; exit 1; }
+
 for header in "$scratch/corvane/include/corvane"/*.h; do
   "$compiler" -std=c++20 -fsyntax-only -I "$scratch/corvane/include/corvane" -x c++ "$header" -w
 done
