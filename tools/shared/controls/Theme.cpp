@@ -181,9 +181,9 @@ QFont CTheme::GetNameFont()
 
 QString CTheme::FindFontProblem()
 {
-    // The platform makes up a font of empty boxes where there is none.
-    const bool usable =
-        !QFontDatabase::families().isEmpty() && QRawFont::fromFont(GetValueFont()).supportsCharacter(u'A');
+    // The platform makes up families, and a font of empty boxes that claims to have every character, where
+    // there is none. It has no tables.
+    const bool usable = !QRawFont::fromFont(GetValueFont()).fontTable("cmap").isEmpty();
     return usable ? QString()
                   : QStringLiteral("There is no font that texts can be shown in. Install one, such as the "
                                    "DejaVu fonts (fonts-dejavu-core), and start again.");
