@@ -5,7 +5,6 @@
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
-#include <QDBusReply>
 #include <QDBusVariant>
 #include <QFile>
 #include <QPalette>
@@ -81,7 +80,7 @@ void CDesktopScheme::AskPortal()
     if (!bus.isConnected())
         return;
     bus.connect(GetService(), GetPath(), GetInterface(), QStringLiteral("SettingChanged"), this,
-                SLOT(OnSettingChanged(QString, QString, QDBusVariant)));
+                SLOT(OnSettingChanged(QDBusMessage)));
     const QDBusMessage answer = bus.call(MakeQuestion(), QDBus::Block, kPatience);
     if (answer.type() == QDBusMessage::ReplyMessage && !answer.arguments().isEmpty())
         Take(ToPreference(answer.arguments().constFirst()));
@@ -103,10 +102,11 @@ void CDesktopScheme::AskAgain()
             });
 }
 
-void CDesktopScheme::OnSettingChanged(const QString& space, const QString& key, const QDBusVariant& value)
+void CDesktopScheme::OnSettingChanged(const QDBusMessage& message)
 {
-    if (space == GetSpace() && key == GetKey())
-        Take(ToPreference(value.variant()));
+    const QVariantList arguments = message.arguments();
+    if (arguments.size() == 3 && arguments[0] == GetSpace() && arguments[1] == GetKey())
+        Take(ToPreference(arguments[2]));
 }
 
 void CDesktopScheme::Take(unsigned preference)

@@ -2,10 +2,9 @@
 // tells; without one the palette that the platform came with decides.
 #pragma once
 
+#include <QDBusMessage>
 #include <QObject>
 #include <functional>
-
-class QDBusVariant;
 
 class CDesktopScheme final : public QObject
 {
@@ -19,7 +18,8 @@ public:
     [[nodiscard]] bool IsDark() const { return m_bDark; }
 
 private:
-    Q_SLOT void OnSettingChanged(const QString& space, const QString& key, const QDBusVariant& value);
+    // The whole message: the bus calls a slot with a QDBusVariant parameter only now and then.
+    Q_SLOT void OnSettingChanged(const QDBusMessage& message);
     void AskPortal();
     void AskAgain();
     void Take(unsigned preference);
