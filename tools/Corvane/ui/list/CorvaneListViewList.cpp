@@ -26,6 +26,7 @@ CCorvaneListViewList::CCorvaneListViewList(IEditorFrame& frame, CCorvaneListView
                                            QScrollBar& scrollBar, QWidget* parent)
     : QWidget(parent), m_Frame(frame), m_Header(header), m_ScrollBar(scrollBar), m_pUpdate(new QTimer(this))
 {
+    InstallListAccessibility(); // Naming the widget asks for its interface already.
     setObjectName(QStringLiteral("AttributeList"));
     setAccessibleName(QStringLiteral("Attributes"));
     setFocusPolicy(Qt::StrongFocus);
@@ -34,7 +35,6 @@ CCorvaneListViewList::CCorvaneListViewList(IEditorFrame& frame, CCorvaneListView
     m_pUpdate->setInterval(0);
     connect(m_pUpdate, &QTimer::timeout, this, [this] { Flush(); });
     connect(&m_ScrollBar, &QScrollBar::valueChanged, this, [this](int value) { ScrollTo(-value); });
-    InstallListAccessibility();
     CEditEndFilter::Add(*this);
 }
 

@@ -10,6 +10,7 @@
 #include "RunState.h"
 #include "Theme.h"
 
+#include <QFontMetrics>
 #include <QPainter>
 #include <QStyle>
 #include <QStyleOption>
@@ -21,6 +22,7 @@ namespace
 // The longest text that one cell lays out: more than a screen shows.
 constexpr qsizetype kMaxCellText = 2000;
 constexpr int kMaxIndexText = 30;
+constexpr qreal kMinBuildPoints = 6;
 
 QColor GetColor(EThemeColor color)
 {
@@ -120,11 +122,22 @@ void CCorvaneTypeView::DrawBuildCell(QPainter& painter, const QRect& cell) const
         return;
     }
     const SBuildRangeText text = GetBuildRangeText(*m_pParentType);
-    painter.setFont(CTheme::GetValueFont());
     const QString range = ToQString(text.m_sRange);
-    const int width = painter.fontMetrics().horizontalAdvance(range) + 2 * kListTextMargin;
-    DrawCellText(painter, cell.adjusted(std::max(cell.width() - width, 0), 0, 0, 0), range);
-    DrawCellText(painter, cell.adjusted(0, 0, -std::min(width, cell.width()), 0), ToQString(text.m_sLabel));
+    const QString label = ToQString(text.m_sLabel);
+    const QRect inner = cell.adjusted(kListTextMargin, 0, -kListTextMargin, 0);
+    // Both parts show whole in a column that was measured for smaller fonts.
+    QFont font = CTheme::GetValueFont();
+    for (const QString both = label + range; font.pointSizeF() > kMinBuildPoints;
+         font.setPointSizeF(font.pointSizeF() - 0.5))
+    {
+        if (QFontMetrics(font).horizontalAdvance(both) + (label.isEmpty() ? 0 : kListTextMargin) <=
+            inner.width())
+            break;
+    }
+    painter.setFont(font);
+    painter.drawText(inner, Qt::AlignRight | Qt::AlignAbsolute | Qt::AlignVCenter | Qt::TextSingleLine,
+                     range);
+    painter.drawText(inner, Qt::AlignLeft | Qt::AlignAbsolute | Qt::AlignVCenter | Qt::TextSingleLine, label);
 }
 
 void CCorvaneTypeView::DrawMarks(QPainter& painter, const QRect& rect) const

@@ -2,6 +2,7 @@
 #include "CorvaneMgr.h"
 #include "CorvaneTypeValueDlg.h"
 #include "CorvaneTypeView.h"
+#include "DeferState.h"
 #include "Editor.h"
 #include "QtText.h"
 #include "SourceGate.h"
@@ -296,6 +297,8 @@ QString CCorvaneTypeView::GetHeaderToolTip(EListColumn column) const
     case COLUMN_NAME:
     case COLUMN_TYPE:
         return ToQString(attrib.GetName()) + u'\n' + ToQString(DescribeValueSource(attrib));
+    case COLUMN_BUILD:
+        return ToQString(GetBuildRangeText(attrib).m_sRange).trimmed();
     case COLUMN_LOCK_USER:
     case COLUMN_LOCK:
         return attrib.IsLocked() ? QStringLiteral("Locked by %1").arg(ToQString(attrib.GetLockUser()))
