@@ -17,7 +17,6 @@
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QFormLayout>
-#include <QGroupBox>
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
@@ -35,7 +34,6 @@ CBuildDlg::CBuildDlg(IEditor& editor, std::uint32_t flags, std::int64_t build, s
     m_pAdvanced->hide();
     layout.addWidget(m_pAdvanced);
     SetNames(*m_pMore, "Advanced", tr("Advanced"));
-    m_pMore->setAutoDefault(false);
     connect(m_pMore, &QPushButton::clicked, this, [this] { ToggleAdvanced(); });
     AddOkCancel(*this, layout).addButton(m_pMore, QDialogButtonBox::ResetRole);
     layout.setSizeConstraint(QLayout::SetFixedSize);
@@ -59,30 +57,27 @@ QWidget* CBuildDlg::MakeAdvanced()
     auto* advanced = new QWidget;
     auto* layout = new QVBoxLayout(advanced);
     layout->setContentsMargins(0, CTheme::kGrid, 0, 0);
+    layout->setSpacing(CTheme::kSpacing);
     auto* form = new QFormLayout;
     AddBuilds(*form);
     layout->addLayout(form);
 
-    auto* purpose = new QGroupBox(tr("Purpose"));
-    auto* choices = new QVBoxLayout(purpose);
+    QBoxLayout& choices = AddGroup(*layout, tr("Purpose"));
     auto* local = new QRadioButton(tr("&Local - Overwrite for local testing"));
     m_pServer = new QRadioButton(tr("S&erver - Check Out for submission"));
     SetNames(*local, "Local", tr("Local - Overwrite for local testing"));
     SetNames(*m_pServer, "Server", tr("Server - Check Out for submission"));
     const bool server = (m_Options.m_dwFlags & COMPILE_SERVER) != 0;
     (server ? m_pServer : local)->setChecked(true);
-    choices->addWidget(local);
-    choices->addWidget(m_pServer);
-    layout->addWidget(purpose);
+    choices.addWidget(local);
+    choices.addWidget(m_pServer);
 
-    auto* options = new QGroupBox(tr("Options"));
-    auto* boxes = new QVBoxLayout(options);
-    AddOption(*boxes, COMPILE_SYNCHRONIZE, "Synchronize", tr("S&ynchronize to server database"));
-    AddOption(*boxes, COMPILE_SUBMIT, "Submit", tr("S&ubmit all changes to source control"));
-    AddOption(*boxes, COMPILE_SAVE, "Save", tr("&Save local database"));
-    AddOption(*boxes, COMPILE_SHOW_MODIFIED, "DisplayModified", tr("Display &modified attributes dialog"));
+    QBoxLayout& boxes = AddGroup(*layout, tr("Options"));
+    AddOption(boxes, COMPILE_SYNCHRONIZE, "Synchronize", tr("S&ynchronize to server database"));
+    AddOption(boxes, COMPILE_SUBMIT, "Submit", tr("S&ubmit all changes to source control"));
+    AddOption(boxes, COMPILE_SAVE, "Save", tr("&Save local database"));
+    AddOption(boxes, COMPILE_SHOW_MODIFIED, "DisplayModified", tr("Display &modified attributes dialog"));
     m_Boxes.back().m_pBox->setVisible(m_Options.IsModifiedOffered());
-    layout->addWidget(options);
     return advanced;
 }
 
@@ -90,10 +85,10 @@ void CBuildDlg::AddBuilds(QFormLayout& form)
 {
     const auto addFixed = [&form](const char* objectName, const QString& text, std::uint32_t build)
     {
-        auto* field = new CBuildNumberEdit;
-        SetNames(*field, objectName, text);
-        field->SetBuild(build);
-        field->setReadOnly(true);
+        // No field: it would look as if one could type there.
+        auto* field = new QLabel(QString::number(build));
+        SetNames(*field, objectName, text + u' ' + field->text());
+        field->setTextInteractionFlags(Qt::TextSelectableByMouse);
         form.addRow(text + u':', field);
     };
     addFixed("ActiveBuild", tr("Active Build Number"), m_Options.GetActiveBuild());

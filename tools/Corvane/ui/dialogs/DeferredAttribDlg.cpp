@@ -5,6 +5,7 @@
 #include "CorvaneMgr.h"
 #include "DeferredEntryModel.h"
 #include "DialogParts.h"
+#include "DialogTable.h"
 #include "Editor.h"
 #include "RatioSplitter.h"
 #include "Theme.h"
@@ -17,7 +18,6 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QPushButton>
-#include <QTableView>
 
 namespace
 {
@@ -105,12 +105,10 @@ void CDeferredAttribDlg::AddSearch(QBoxLayout& layout)
 
 void CDeferredAttribDlg::AddLists(QBoxLayout& layout)
 {
-    auto* entries = new QTableView;
+    auto* entries = new CDialogTable(*m_pEntries, CDeferredEntryModel::kColumnWidths);
     SetNames(*entries, "Entries", tr("Attributes"));
-    PrepareTable(*entries, *m_pEntries, CDeferredEntryModel::kColumnWidths);
-    auto* uses = new QTableView;
+    auto* uses = new CDialogTable(*m_pUses, CAttributeUseModel::kColumnWidths);
     SetNames(*uses, "Uses", tr("Records"));
-    PrepareTable(*uses, *m_pUses, CAttributeUseModel::kColumnWidths);
     connect(uses, &QTableView::doubleClicked, this,
             [this](const QModelIndex& index)
             {

@@ -5,15 +5,13 @@
 #include "CorvaneMgr.h"
 #include "DeferredAttributes.h"
 #include "DialogParts.h"
+#include "DialogTable.h"
 #include "Editor.h"
 #include "UiModule.h"
 #include "WaitCursor.h"
 #include "WindowPlacement.h"
 
 #include <QBoxLayout>
-#include <QDialogButtonBox>
-#include <QPushButton>
-#include <QTableView>
 
 namespace
 {
@@ -28,18 +26,13 @@ CDeferredModifiedDlg::CDeferredModifiedDlg(IEditor& editor, std::uint32_t build,
     Collect(build);
     QBoxLayout& layout = MakeDialogLayout(*this);
     AddNote(layout, u"The following attributes have been modified after they have been marked as deprecated");
-    auto* table = new QTableView;
+    auto* table = new CDialogTable(*m_pModel, CAttributeUseModel::kColumnWidths);
     SetNames(*table, "Attributes", tr("Modified attributes"));
-    PrepareTable(*table, *m_pModel, CAttributeUseModel::kColumnWidths);
     connect(table, &QTableView::activated, this,
             [this](const QModelIndex& index) { ActivateRow(index.row()); });
+    table->setCurrentIndex(m_pModel->index(0, 0));
     layout.addWidget(table, 1);
-    // Enter in the list opens a record and must not end the dialog.
-    for (QAbstractButton* button : AddOkCancel(*this, layout).buttons())
-    {
-        static_cast<QPushButton*>(button)->setDefault(false);
-        static_cast<QPushButton*>(button)->setAutoDefault(false);
-    }
+    AddOkCancel(*this, layout);
     m_EventHandle = editor.GetApplication().GetManager().AddObserver(
         [this](const CCorvaneEvent& event)
         {

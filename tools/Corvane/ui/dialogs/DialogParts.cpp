@@ -7,13 +7,12 @@
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QFontMetrics>
-#include <QHeaderView>
+#include <QGroupBox>
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QRegularExpressionValidator>
 #include <QStyle>
-#include <QTableView>
 #include <algorithm>
 #include <limits>
 
@@ -80,15 +79,17 @@ QRadioButton& AddChoice(QBoxLayout& layout, const char* objectName, std::u16stri
     QFont bold = button->font();
     bold.setBold(true);
     button->setFont(bold);
-    layout.addWidget(button);
-
+    auto* choice = new QVBoxLayout;
+    choice->setSpacing(0);
+    choice->addWidget(button);
     auto* row = new QHBoxLayout;
     const QStyle* style = button->style();
     row->setContentsMargins(style->pixelMetric(QStyle::PM_ExclusiveIndicatorWidth) +
                                 style->pixelMetric(QStyle::PM_RadioButtonLabelSpacing),
                             0, 0, CTheme::kGrid);
     row->addWidget(new CChoiceText(button->accessibleDescription(), *button));
-    layout.addLayout(row);
+    choice->addLayout(row);
+    layout.addLayout(choice);
     return *button;
 }
 
@@ -104,28 +105,6 @@ QDialogButtonBox& AddOkCancel(QDialog& dialog, QBoxLayout& layout)
     // The dialog has the button by now and takes it for its default.
     buttons->button(QDialogButtonBox::Ok)->setDefault(true);
     return *buttons;
-}
-
-void PrepareTable(QTableView& table, QAbstractItemModel& model, std::span<const int> widths)
-{
-    table.setModel(&model);
-    table.setSelectionBehavior(QAbstractItemView::SelectRows);
-    table.setSelectionMode(QAbstractItemView::SingleSelection);
-    table.setEditTriggers(QAbstractItemView::NoEditTriggers);
-    table.setWordWrap(false);
-    table.setTabKeyNavigation(false);
-    table.setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
-    table.setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
-    table.verticalHeader()->hide();
-    table.verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    table.verticalHeader()->setDefaultSectionSize(CTheme::kRowHeight);
-    QHeaderView* header = table.horizontalHeader();
-    header->setHighlightSections(false);
-    header->setMinimumSectionSize(CTheme::kRowHeight);
-    header->setStretchLastSection(true);
-    int column = 0;
-    for (const int width : widths)
-        header->resizeSection(column++, width);
 }
 
 QString MakeCellText(std::u16string_view text)
@@ -149,6 +128,16 @@ void SetNames(QWidget& control, const char* objectName, const QString& accessibl
 {
     control.setObjectName(QString::fromLatin1(objectName));
     control.setAccessibleName(accessibleName);
+}
+
+QBoxLayout& AddGroup(QBoxLayout& layout, const QString& title)
+{
+    auto* group = new QGroupBox(title);
+    auto* inside = new QVBoxLayout(group);
+    inside->setContentsMargins(CTheme::kSpacing, CTheme::kSpacing, CTheme::kSpacing, CTheme::kSpacing);
+    inside->setSpacing(CTheme::kSpacing);
+    layout.addWidget(group);
+    return *inside;
 }
 
 CBuildNumberEdit::CBuildNumberEdit(QWidget* parent) : QLineEdit(parent)

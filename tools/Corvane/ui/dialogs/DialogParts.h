@@ -4,16 +4,13 @@
 
 #include <QLineEdit>
 #include <cstdint>
-#include <span>
 #include <string_view>
 
-class QAbstractItemModel;
 class QBoxLayout;
 class QDialog;
 class QDialogButtonBox;
 class QLabel;
 class QRadioButton;
-class QTableView;
 
 // A vertical layout of the dialog with the margins of the theme.
 [[nodiscard]] QBoxLayout& MakeDialogLayout(QDialog& dialog);
@@ -22,10 +19,10 @@ QLabel& AddNote(QBoxLayout& layout, std::u16string_view text);
 // A radio button from "name\nwhat it does". `name` may have a '&'; what it does stands below and is the
 // button's description for a screen reader. A click on either chooses.
 QRadioButton& AddChoice(QBoxLayout& layout, const char* objectName, std::u16string_view text);
+// The inside of a box with a title.
+QBoxLayout& AddGroup(QBoxLayout& layout, const QString& title);
 // OK, which is the default button, and Cancel.
 QDialogButtonBox& AddOkCancel(QDialog& dialog, QBoxLayout& layout);
-// A list of whole rows with grid lines, one line a row, and columns of these widths. `model` is not owned.
-void PrepareTable(QTableView& table, QAbstractItemModel& model, std::span<const int> widths);
 // As much of a text as a cell can show of it, on one line.
 [[nodiscard]] QString MakeCellText(std::u16string_view text);
 void SetNames(QWidget& control, const char* objectName, const QString& accessibleName);

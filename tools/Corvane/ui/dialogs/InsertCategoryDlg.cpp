@@ -6,6 +6,7 @@
 #include "NameCompare.h"
 #include "QtText.h"
 #include "RatioSplitter.h"
+#include "Theme.h"
 #include "WindowPlacement.h"
 
 #include <QBoxLayout>
@@ -52,7 +53,16 @@ CInsertCategoryDlg::CInsertCategoryDlg(CCorvaneMgr& manager, QWidget* parent)
     m_pOk = AddOkCancel(*this, layout).button(QDialogButtonBox::Ok);
 
     FillSchemas();
-    connect(m_pSystem, &QRadioButton::toggled, this, [this] { Update(); });
+    connect(m_pSystem, &QRadioButton::toggled, this,
+            [this](bool system)
+            {
+                // A choice that does not count is not shown as one.
+                if (system)
+                    m_pList->setCurrentRow(std::max(m_pList->currentRow(), 0));
+                else
+                    m_pList->clearSelection();
+                Update();
+            });
     connect(m_pList, &QListWidget::currentRowChanged, this, [this] { Update(); });
     connect(m_pList, &QListWidget::itemActivated, m_pOk, &QPushButton::click);
     Update();
@@ -69,8 +79,10 @@ void CInsertCategoryDlg::FillSchemas()
     std::sort(m_Schemas.begin(), m_Schemas.end(),
               [](const auto& a, const auto& b) { return NameOrder(a->GetName(), b->GetName()); });
     for (const CRef<CCorvaneSchema>& schema : m_Schemas)
-        m_pList->addItem(ToQString(schema->GetName()));
-    m_pList->setCurrentRow(0);
+    {
+        auto* item = new QListWidgetItem(MakeCellText(schema->GetName()), m_pList);
+        item->setSizeHint(QSize(0, CTheme::kRowHeight));
+    }
 }
 
 void CInsertCategoryDlg::Update()

@@ -5,6 +5,7 @@
 #include "CorvaneType.h"
 #include "DeferState.h"
 #include "DialogParts.h"
+#include "DialogTable.h"
 #include "FormatText.h"
 #include "HtmlCtrl.h"
 #include "NameCompare.h"
@@ -19,7 +20,6 @@
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QStandardItemModel>
-#include <QTableView>
 #include <algorithm>
 
 namespace
@@ -73,9 +73,8 @@ CPropertiesAttributeDlg::~CPropertiesAttributeDlg() = default;
 
 QTableView& CPropertiesAttributeDlg::AddBuilds()
 {
-    auto* table = new QTableView;
     m_pModel->setHorizontalHeaderLabels({tr("Build"), tr("Type"), tr("State")});
-    PrepareTable(*table, *m_pModel, kBuildWidths);
+    auto* table = new CDialogTable(*m_pModel, kBuildWidths);
     table->setMinimumHeight(4 * CTheme::kRowHeight);
     AddField("Builds", tr("&Builds:"), table);
     return *table;

@@ -2,13 +2,13 @@
 
 #include "CorvaneMgr.h"
 #include "DialogParts.h"
+#include "DialogTable.h"
 #include "SourceGate.h"
 #include "Theme.h"
 
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QStandardItemModel>
-#include <QTableView>
 #include <QToolButton>
 
 namespace
@@ -72,10 +72,9 @@ QLineEdit& CPropertiesSourceControlDlg::AddServerPath()
 void CPropertiesSourceControlDlg::AddList(const char* objectName, const QString& label,
                                           const QStringList& titles, std::span<const int> widths)
 {
-    auto* table = new QTableView;
-    auto* model = new QStandardItemModel(table);
+    auto* model = new QStandardItemModel(this);
     model->setHorizontalHeaderLabels(titles);
-    PrepareTable(*table, *model, widths);
+    auto* table = new CDialogTable(*model, widths);
     table->setMinimumHeight(3 * CTheme::kRowHeight);
     AddField(objectName, label, table);
 }

@@ -57,6 +57,7 @@ CTestBuildDlg::CTestBuildDlg(std::u16string_view target, QWidget* parent) : QDia
     auto* path = new QLineEdit(ToQString(target));
     SetNames(*path, "Target", tr("Packed file"));
     path->setReadOnly(true);
+    path->setCursorPosition(0);
     path->setToolTip(path->text());
     layout.addWidget(path);
     layout.addWidget(new CWarningLabel(tr("WARNING: Submitting a broken packed file to source control will "

@@ -3,6 +3,7 @@
 #include "CorvaneEvent.h"
 #include "CorvaneMgr.h"
 #include "DialogParts.h"
+#include "DialogTable.h"
 #include "Editor.h"
 #include "FileDialogs.h"
 #include "FormatText.h"
@@ -25,7 +26,6 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QStyledItemDelegate>
-#include <QTableView>
 
 namespace
 {
@@ -38,20 +38,41 @@ class CSeverityDelegate final : public QStyledItemDelegate
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
 
+    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override
+    {
+        const int text = option.fontMetrics.horizontalAdvance(index.data().toString());
+        m_bNarrow = option.rect.width() < CTheme::kIconSize + text + 4 * CTheme::kGrid;
+        QStyledItemDelegate::paint(painter, option, index);
+        if (m_bNarrow)
+            index.data(Qt::DecorationRole).value<QIcon>().paint(painter, GetIconPlace(option.rect));
+    }
+
 protected:
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override
     {
         QStyledItemDelegate::initStyleOption(option, index);
-        const int text = option->fontMetrics.horizontalAdvance(option->text);
-        if (option->rect.width() < CTheme::kIconSize + text + 3 * CTheme::kGrid)
-            option->text.clear();
+        if (!m_bNarrow)
+            return;
+        option->text.clear();
+        option->icon = {};
     }
+
+private:
+    // The style's margins leave too little of a narrow column.
+    static QRect GetIconPlace(const QRect& cell)
+    {
+        QRect place(0, 0, CTheme::kIconSize, CTheme::kIconSize);
+        place.moveCenter(cell.center());
+        return place;
+    }
+
+    mutable bool m_bNarrow = false;
 };
 } // namespace
 
 CValidateDlg::CValidateDlg(IEditor& editor, QWidget* parent)
-    : QDialog(parent), m_Editor(editor), m_pModel(new CValidateModel(this)), m_pTable(new QTableView),
-      m_pSummary(new QLabel)
+    : QDialog(parent), m_Editor(editor), m_pModel(new CValidateModel(this)),
+      m_pTable(new CDialogTable(*m_pModel, kColumnWidths)), m_pSummary(new QLabel)
 {
     setObjectName(QStringLiteral("ValidateDlg"));
     setWindowTitle(tr("Validate"));
@@ -70,7 +91,6 @@ CValidateDlg::CValidateDlg(IEditor& editor, QWidget* parent)
 void CValidateDlg::AddList(QBoxLayout& layout)
 {
     SetNames(*m_pTable, "Findings", tr("Findings"));
-    PrepareTable(*m_pTable, *m_pModel, kColumnWidths);
     m_pTable->setItemDelegateForColumn(CValidateModel::SeverityColumn, new CSeverityDelegate(m_pTable));
     // In the order of reporting until the user wants another.
     m_pTable->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
@@ -97,7 +117,6 @@ void CValidateDlg::AddButtons(QBoxLayout& layout)
     layout.addLayout(row);
 }
 
-// No button is the default one: Enter belongs to the list.
 QPushButton& CValidateDlg::AddButton(QBoxLayout& layout, const char* objectName, const QString& text,
                                      const char* icon, void (CValidateDlg::*action)())
 {

@@ -7,7 +7,9 @@
 
 #include <QBoxLayout>
 #include <QCheckBox>
+#include <QDialogButtonBox>
 #include <QLabel>
+#include <QPushButton>
 
 namespace
 {
@@ -43,7 +45,7 @@ CWarningAdvancedSettingsDlg::CWarningAdvancedSettingsDlg(CProfile& profile, QWid
     layout.addLayout(row);
     SetNames(*m_pNeverAgain, "NeverAgain", m_pNeverAgain->text());
     layout.addWidget(m_pNeverAgain);
-    AddOkCancel(*this, layout);
+    AddOkCancel(*this, layout).button(QDialogButtonBox::Ok)->setFocus();
     layout.setSizeConstraint(QLayout::SetFixedSize);
 }
 

@@ -9,6 +9,7 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QLabel>
 #include <QRadioButton>
 
 namespace
@@ -87,7 +88,7 @@ TEST_F(BuildDialogs, AdvancedGrowsAndOkReadsEverythingBack)
             Press(dialog, "BrowseTarget");
             for (const char* name : {"Server", "Submit", "DisplayModified"})
                 Press(dialog, name);
-            EXPECT_EQ(GetChild<QLineEdit>(dialog, "ActiveBuild").text(), QStringLiteral("12"));
+            EXPECT_EQ(GetChild<QLabel>(dialog, "ActiveBuild").text(), QStringLiteral("12"));
             GetChild<QLineEdit>(dialog, "CompileBuild").setText(QStringLiteral("33"));
             Press(dialog, "Ok");
         });
