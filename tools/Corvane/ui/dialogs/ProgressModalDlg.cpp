@@ -148,7 +148,8 @@ void CProgressModalDlg::ShowState()
     std::u16string status;
     int percent = 0;
     m_pEvents->Take(status, percent);
-    m_pStatus->setText(m_pStatus->fontMetrics().elidedText(ToQString(status), Qt::ElideMiddle, kStatusWidth));
+    m_pStatus->setText(
+        m_pStatus->fontMetrics().elidedText(MakeCellText(status), Qt::ElideMiddle, kStatusWidth));
     m_pBar->setValue(percent);
 }
 

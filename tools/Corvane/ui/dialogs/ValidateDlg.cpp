@@ -29,7 +29,7 @@
 
 namespace
 {
-constexpr QSize kFirstSize(1020, 420);
+constexpr QSize kFirstSize(1100, 460);
 constexpr int kColumnWidths[] = {20, 150, 100, 250, 100, 50, 300};
 
 // The severity is its icon; the word stands beside it where the user has made room.

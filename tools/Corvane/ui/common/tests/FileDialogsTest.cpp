@@ -1,7 +1,6 @@
 #include "DiskFileSystem.h"
 #include "FileFilter.h"
 #include "QtFileDialogs.h"
-#include "QtText.h"
 #include "ScratchDir.h"
 
 #include <QApplication>
@@ -26,26 +25,19 @@ TEST(FileDialogs, ASavedFileGetsItsExtensionAndACancelGivesNothing)
     const CScratchDir scratch;
     CDiskFileSystem files;
     CQtFileDialogs dialogs(files);
-    const SFileDialog dialog{u"Save", ToText(QString::fromStdString(scratch.GetPath().string() + "/old.txt")),
-                             u"txt", u"Text Files (*.txt)|*.txt|"};
-    QString shown;
-    const auto answer = [&](const QString& name, bool accept)
+    const auto answer = [&](int result)
     {
-        QTimer::singleShot(0, qApp,
-                           [&, name, accept]
-                           {
-                               QDialog* window =
-                                   qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-                               ASSERT_NE(window, nullptr);
-                               auto* edit = window->findChild<QLineEdit*>();
-                               shown = edit->text();
-                               edit->setText(name);
-                               accept ? window->accept() : window->reject();
-                           });
-        return dialogs.SaveFile(nullptr, dialog);
+        const auto user = [result]
+        {
+            QDialog* window = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+            ASSERT_NE(window, nullptr);
+            EXPECT_EQ(window->findChild<QLineEdit*>()->text(), QStringLiteral("old"));
+            result == QDialog::Accepted ? window->accept() : window->reject();
+        };
+        QTimer::singleShot(0, qApp, user);
+        return dialogs.SaveFile(nullptr,
+                                {u"Save", scratch.Text("old"), u"txt", u"Text Files (*.txt)|*.txt|"});
     };
-    EXPECT_EQ(answer(QStringLiteral("list"), true),
-              ToText(QString::fromStdString((scratch.GetPath() / "list.txt").string())));
-    EXPECT_EQ(shown, QStringLiteral("old.txt"));
-    EXPECT_EQ(answer(QStringLiteral("list"), false), u"");
+    EXPECT_EQ(answer(QDialog::Accepted), scratch.Text("old.txt"));
+    EXPECT_EQ(answer(QDialog::Rejected), u"");
 }

@@ -34,11 +34,6 @@ inline int RunModal(QDialog& dialog, const std::function<void()>& user)
 // The next modal dialog that appears is answered by a press.
 inline void PressInNextDialog(const char* name)
 {
-    QTimer::singleShot(0, qApp,
-                       [name]
-                       {
-                           const QWidget* dialog = QApplication::activeModalWidget();
-                           ASSERT_NE(dialog, nullptr) << name;
-                           Press(*dialog, name);
-                       });
+    const auto press = [name] { Press(*QApplication::activeModalWidget(), name); };
+    QTimer::singleShot(0, qApp, press);
 }
