@@ -15,7 +15,7 @@ sources() {
 sources | awk -v table="$table" '
   # The layer of a file: the longest folder of the table that it lies in.
   function layer(file,   folder, best) {
-    if (file ~ /^tools\/Corvane\/types\/.*(View|Dlg|FindPanel)\.(h|cpp)$/) return "tools/Corvane/types:views"
+    if (file ~ /^tools\/Corvane\/types\/.*(View|Dlg|Dialog|FindPanel)\.(h|cpp)$/) return "tools/Corvane/types:views"
     best = ""
     for (folder in allowed)
       if (index(file, folder "/") == 1 && length(folder) > length(best)) best = folder

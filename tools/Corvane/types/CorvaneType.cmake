@@ -1,8 +1,9 @@
 # corvane_type(<word> <folder> <class file> [CREATE <function>])
 # One word of a schema's `Type` key. <folder> holds <class file>.h, which declares the class C<class file>
 # with its complete attribute data as the nested alias AttribData. All sources of the folder belong to the
-# type library, except those of the UI: *View.cpp, *Dlg.cpp and *FindPanel.cpp. CREATE names the creation
-# function of a class that serves several words and so cannot be made from its default constructor alone.
+# type library, except those of the UI: *View.cpp, *Dlg.cpp, *Dialog.cpp and *FindPanel.cpp. CREATE names the
+# creation function of a class that serves several words and so cannot be made from its default constructor
+# alone.
 macro(corvane_type word folder class)
   cmake_parse_arguments(CORVANE_TYPE "" "CREATE" "" ${ARGN})
   if(NOT CORVANE_TYPE_CREATE)
@@ -27,7 +28,7 @@ macro(corvane_types_finish)
   set(CORVANE_TYPE_SOURCES ${CMAKE_CURRENT_BINARY_DIR}/RegisterTypes.cpp)
   foreach(folder IN LISTS CORVANE_TYPE_FOLDERS)
     file(GLOB sources CONFIGURE_DEPENDS ${folder}/*.cpp)
-    list(FILTER sources EXCLUDE REGEX "(View|Dlg|FindPanel)\\.cpp$")
+    list(FILTER sources EXCLUDE REGEX "(View|Dlg|Dialog|FindPanel)\\.cpp$")
     file(GLOB tests CONFIGURE_DEPENDS ${folder}/tests/*.cpp)
     list(FILTER tests EXCLUDE REGEX "ViewTest\\.cpp$")
     list(APPEND CORVANE_TYPE_SOURCES ${sources})

@@ -38,8 +38,9 @@ public:
     [[nodiscard]] bool ExecuteValue(std::size_t index);
     // Null only in an attribute that was never initialised.
     [[nodiscard]] const CCorvaneTypeFileData* GetFileAttribData() const;
+    // What values are relative to; ends in a separator.
+    [[nodiscard]] std::u16string_view GetResourceRoot() const;
 
 private:
-    [[nodiscard]] std::u16string_view GetResourceRoot() const;
     [[nodiscard]] bool CheckValue(IValidationSink& core, IFileSystem& files, std::size_t index);
 };

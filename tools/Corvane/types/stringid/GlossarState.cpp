@@ -115,6 +115,19 @@ bool CGlossarState::HasString(const char* identifier) const
     return m_hDatabase != 0 && CallGuarded([&] { return m_pGlossar->HasString(m_hDatabase, identifier); });
 }
 
+bool CGlossarState::ListStrings(const char* prefix, const std::function<void(const char*)>& tell) const
+{
+    using FTell = std::function<void(const char*)>;
+    const GlossarListFn forward = [](const char* identifier, void* context)
+    {
+        if (identifier != nullptr)
+            (*static_cast<const FTell*>(context))(identifier);
+    };
+    void* const context = const_cast<FTell*>(&tell); // The border knows no const; nothing changes it.
+    return m_hDatabase != 0 &&
+           CallGuarded([&] { return m_pGlossar->ListStrings(m_hDatabase, prefix, forward, context); });
+}
+
 const std::u16string& CGlossarState::GetPath() const
 {
     return m_Manager.GetRootFile().m_sStringDatabase;

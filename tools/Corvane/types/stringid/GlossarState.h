@@ -7,6 +7,7 @@
 #include "TypeState.h"
 #include "iglossarmgr.h"
 
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -28,6 +29,9 @@ public:
     [[nodiscard]] HGLOSSAR GetGlossarDatabase();
     // Whether the table that GetGlossarDatabase gave holds the identifier.
     [[nodiscard]] bool HasString(const char* identifier) const;
+    // Tells every identifier of that table that begins with `prefix`, in the order of the table; UTF-8, valid
+    // during the call. False when there was none.
+    bool ListStrings(const char* prefix, const std::function<void(const char* identifier)>& tell) const;
 
 private:
     [[nodiscard]] HGLOSSAR Open(IGlossarMgr& glossar, std::u16string_view path);

@@ -1,0 +1,16 @@
+// An editor of one line with small buttons behind it, for values that more can be done with than typing them.
+// TAB reaches the buttons, Return and the space bar press them.
+#pragma once
+
+#include "CorvaneTypeValueDlg.h"
+
+class CCorvaneTypeButtonsValueDlg : public CCorvaneTypeValueDlg
+{
+protected:
+    // `fieldName` is the object name of the line.
+    CCorvaneTypeButtonsValueDlg(CCorvaneTypeView& view, const QString& fieldName, QWidget* parent);
+
+    // `name` is the button's object name, tip and accessible name. The editor stays open while `run` runs,
+    // and the line gets the focus back. `run` may see the editor go when it lets events pass.
+    void AddButton(const char* icon, const QString& name, std::function<void()> run);
+};
