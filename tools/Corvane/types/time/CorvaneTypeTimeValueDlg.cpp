@@ -18,6 +18,7 @@ CCorvaneTypeTimeValueDlg::CCorvaneTypeTimeValueDlg(CCorvaneTypeView& view, const
     line.setFixedWidth(kTimeLongOffset);
     m_pLong->setObjectName(QStringLiteral("TimeLong"));
     m_pLong->setTextFormat(Qt::PlainText);
+    m_pLong->setIndent(2); // As the list draws it.
     auto* box = static_cast<QBoxLayout*>(layout());
     box->setDirection(QBoxLayout::LeftToRight);
     box->setSpacing(0);

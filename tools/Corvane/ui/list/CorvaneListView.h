@@ -66,6 +66,7 @@ private:
     void GetTodoState(SCommandState& state) const;
     void GetPlaceHolderState(SCommandState& state) const;
     void GetExpertState(SCommandState& state) const;
+    void GetPropertiesState(SCommandState& state) const;
     void Edit();
     void MoveUp();
     void MoveDown();
@@ -82,6 +83,7 @@ private:
     void DeferDelete();
     void DeferDeprecate();
     void ImmediateDelete();
+    void Properties();
     void GetMarkState(SCommandState& state, bool (CCorvaneAttrib::*mark)() const) const;
     void MoveValue(bool up);
     void RunOnAttribute(bool (CCorvaneType::*edit)(bool), bool on);

@@ -10,6 +10,7 @@
 #include "DeferDeprecatedAttribDlg.h"
 #include "Editor.h"
 #include "MemberStore.h"
+#include "PropertiesSheet.h"
 #include "RunState.h"
 #include "UiModule.h"
 #include "host/Questions.h"
@@ -44,6 +45,7 @@ const CCorvaneListView::SCommandRow* CCorvaneListView::FindCommandRow(int id)
         {ID_DEFER_DELETE, &View::GetExpertState, &View::DeferDelete},
         {ID_DEFER_DEPRECATE, &View::GetExpertState, &View::DeferDeprecate},
         {ID_IMMEDIATE_DELETE, &View::GetExpertState, &View::ImmediateDelete},
+        {ID_PROPERTIES, &View::GetPropertiesState, &View::Properties},
     };
     const auto found = std::find_if(std::begin(rows), std::end(rows),
                                     [id](const SCommandRow& row) { return row.m_nId == id; });
@@ -287,6 +289,24 @@ void CCorvaneListView::DeferDelete()
 void CCorvaneListView::DeferDeprecate()
 {
     Defer<CDeferDeprecatedAttribDlg>(&CCorvaneMgr::DeferDeprecateAttribute);
+}
+
+void CCorvaneListView::GetPropertiesState(SCommandState& state) const
+{
+    state.m_bEnabled = GetTarget() != nullptr;
+    state.m_sLabel = QStringLiteral("P&roperties");
+}
+
+void CCorvaneListView::Properties()
+{
+    CCorvaneTypeView* view = GetTarget();
+    if (view == nullptr)
+        return;
+    const CRef<CCorvaneType> attrib(&view->GetParentType());
+    const QPointer<CCorvaneListView> guard(this);
+    const bool changed = ShowProperties(m_Frame, *attrib);
+    if (guard && changed)
+        m_pList->InvalidateRows();
 }
 
 void CCorvaneListView::ImmediateDelete()

@@ -6,13 +6,25 @@
 
 #include <QListView>
 #include <QStringListModel>
+#include <QStyledItemDelegate>
 #include <QVBoxLayout>
 #include <algorithm>
 
 namespace
 {
 constexpr int kMaxShownWords = 10;
-}
+
+// As high as the rows of the list, so that a word is easily hit.
+class CWordDelegate final : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+    [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override
+    {
+        return QStyledItemDelegate::sizeHint(option, index).expandedTo({0, kListRowHeight});
+    }
+};
+} // namespace
 
 CCorvaneTypeListValueDlg::CCorvaneTypeListValueDlg(CCorvaneTypeView& view, const QStringList& words,
                                                    const QString& objectName, QWidget* parent)
@@ -22,6 +34,7 @@ CCorvaneTypeListValueDlg::CCorvaneTypeListValueDlg(CCorvaneTypeView& view, const
     m_pWords->setAccessibleName(accessibleName());
     m_pWords->setFrameShape(QFrame::NoFrame);
     m_pWords->setUniformItemSizes(true);
+    m_pWords->setItemDelegate(new CWordDelegate(m_pWords));
     m_pWords->setEditTriggers(QAbstractItemView::NoEditTriggers);
     m_pWords->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_pWords->setModel(new QStringListModel(words, m_pWords));

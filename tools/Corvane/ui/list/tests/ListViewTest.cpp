@@ -332,13 +332,15 @@ TEST_F(ListView, OffersTheMenusOfValuesAndAttributes)
         QApplication::processEvents();
         return labels;
     };
-    EXPECT_EQ(menu("Costs", 0), "&Edit|&Delete Value|");
+    EXPECT_EQ(menu("Costs", 0), "&Edit|&Delete Value|P&roperties|");
     const std::string plain = "&Collapse\tSpace|&Expand All|&Collapse All|&Lock|&Override|Mark as T&odo|"
                               "Mark as Place&holder|";
-    EXPECT_EQ(menu("Costs", kHeaderItem), plain);
+    EXPECT_EQ(menu("Costs", kHeaderItem), plain + "P&roperties|");
     m_Test.m_Run.Set(APP_EXPERT);
-    EXPECT_EQ(menu("Costs", kHeaderItem),
-              plain + "Defer Delete Attri&bute|Defer Deprecate &Attribute|&Immediate Delete Attribute|");
+    EXPECT_EQ(
+        menu("Costs", kHeaderItem),
+        plain +
+            "Defer Delete Attri&bute|Defer Deprecate &Attribute|&Immediate Delete Attribute|P&roperties|");
 }
 
 TEST_F(ListView, DefersAndRemovesAnAttributeInExpertMode)
