@@ -69,6 +69,15 @@ CThemeStyle::CThemeStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
 void CThemeStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                                 const QWidget* widget) const
 {
+    // A field to be read only has the colour of what it lies on.
+    const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
+    if (element == PE_PanelLineEdit && frame != nullptr && (frame->state & State_ReadOnly) != 0)
+    {
+        QStyleOptionFrame readOnly(*frame);
+        readOnly.palette.setBrush(QPalette::Base, frame->palette.window());
+        QProxyStyle::drawPrimitive(element, &readOnly, painter, widget);
+        return;
+    }
     if (element != PE_FrameFocusRect)
         QProxyStyle::drawPrimitive(element, option, painter, widget);
     // The frames of fields and boxes are hard to see in a dark theme as the toolkit draws them.
