@@ -53,7 +53,7 @@ std::u16string GetBuildText(const CCorvaneAttrib& entry)
 
 std::u16string_view GetStateText(const CCorvaneAttrib& entry)
 {
-    return IsDeleted(entry) ? std::u16string_view(u"Deleted") : GetBuildRangeText(entry).m_sLabel;
+    return IsDeleted(entry) ? std::u16string_view(u"Deleted") : GetDeferStateText(GetDeferState(entry));
 }
 } // namespace
 
@@ -66,6 +66,7 @@ CPropertiesAttributeDlg::CPropertiesAttributeDlg(const SPropertiesContext& conte
     // What a member of a struct begins with is the struct file's.
     if (context.m_Manager.GetContext().m_Run.Test(APP_EXPERT) && attribute.GetParentAttrib() == nullptr)
         AddExpertFields();
+    m_Help.setMaximumHeight(6 * CTheme::kRowHeight);
     CPropertiesAttributeDlg::Refresh();
 }
 
@@ -76,6 +77,7 @@ QTableView& CPropertiesAttributeDlg::AddBuilds()
     m_pModel->setHorizontalHeaderLabels({tr("Build"), tr("Type"), tr("State")});
     auto* table = new CDialogTable(*m_pModel, kBuildWidths);
     table->setMinimumHeight(4 * CTheme::kRowHeight);
+    table->setMaximumHeight(5 * CTheme::kRowHeight);
     AddField("Builds", tr("&Builds:"), table);
     return *table;
 }

@@ -22,6 +22,7 @@
 namespace
 {
 constexpr qsizetype kMaxTitle = 120;
+constexpr QSize kSize(600, 500); // Of a first start.
 
 bool IsThere(const CCorvaneType& attribute)
 {
@@ -48,7 +49,7 @@ public:
           m_Frame(frame), m_Manager(frame.GetEditor().GetApplication().GetManager()),
           m_IsThere(std::move(isThere)), m_pUpdate(new QTimer(this))
     {
-        resize(520, 480);
+        resize(kSize);
         CWindowPlacement(m_Manager.GetContext().m_Profile, u"Dialogs\\Properties").Keep(*this);
         m_pUpdate->setSingleShot(true);
         connect(m_pUpdate, &QTimer::timeout, this, [this] { Update(); });

@@ -26,72 +26,95 @@ QToolButton* MakeProviderButton(const char* objectName, const QString& name)
     SetNames(*button, objectName, name);
     return button;
 }
+
+QTableView* MakeList(const QStringList& titles, std::span<const int> widths)
+{
+    auto* model = new QStandardItemModel(this);
+    model->setHorizontalHeaderLabels(titles);
+    auto* table = new CDialogTable(*model, widths);
+    table->setMinimumHeight(3 * CTheme::kRowHeight);
+    return table;
+}
 } // namespace
 
-std::u16string_view GetSourceControlText(CSourceGate& gate, std::u16string_view path)
+std::u16string_view GetSourceControlText(bool controlled, std::uint32_t flags, ECheckOutState state)
 {
-    if (!gate.IsConnected())
-        return u"Not connected to source control";
-    if (path.empty() || !gate.IsControlled(path))
+    if (!controlled)
         return u"Not under source control";
-    if (gate.IsMine(path))
-        return gate.GetCheckOutState(path) == ECheckOutState::ForDelete ? u"Checked out for delete"
-                                                                        : u"Checked out for edit";
-    return gate.IsSomebodyElses(path) ? u"Checked out by another user" : u"Checked in";
+    if ((flags & FILE_FLAG_MINE) != 0 && state == ECheckOutState::ForDelete)
+        return u"Checked out for delete";
+    if ((flags & FILE_FLAG_MINE) != 0)
+        return (flags & FILE_FLAG_PENDING_ADD) != 0 ? u"Imported/Created, Checked out for edit"
+                                                    : u"Checked out for edit";
+    if ((flags & FILE_FLAG_SOMEBODY_ELSES) != 0)
+        return u"Checked out by another user";
+    return (flags & FILE_FLAG_PENDING_ADD) != 0 ? u"Imported/Created" : u"Checked in";
 }
 
 CPropertiesSourceControlDlg::CPropertiesSourceControlDlg(const SPropertiesContext& context,
                                                          std::u16string_view path)
     : CPropertiesBaseDlg(context, "PropertiesSourceControlDlg"), m_sFile(path), m_ServerPath(AddServerPath()),
       m_Status(AddText("Status", tr("S&tatus:"))),
-      m_Latest(AddText("LatestComment", tr("&Latest Version Comment:")))
+      m_Latest(AddText("LatestComment", tr("&Latest Version Comment:"))), m_pUsers(AddUsers())
 {
-    AddList("CheckOutUsers", tr("Check Out &Users:"), {tr("User"), tr("Comment")}, kUserWidths);
-    AddList("History", tr("&History:"), {tr("Version"), tr("User"), tr("Comment"), tr("Date")},
-            kHistoryWidths);
-    AddHistoryButton();
+    AddHistory();
     CPropertiesSourceControlDlg::Refresh();
+}
+
+void CPropertiesSourceControlDlg::AddRow(const char* objectName, const QString& label, QWidget* field,
+                                         QToolButton* button)
+{
+    auto* row = new QWidget;
+    auto* layout = new QHBoxLayout(row);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(CTheme::kGrid);
+    layout->addWidget(field, 1);
+    layout->addWidget(button, 0, Qt::AlignTop);
+    row->setFocusProxy(field);
+    row->setSizePolicy(field->sizePolicy());
+    AddField("Row", label, row);
+    SetNames(*field, objectName, row->accessibleName());
 }
 
 QLineEdit& CPropertiesSourceControlDlg::AddServerPath()
 {
-    auto* row = new QWidget;
-    auto* layout = new QHBoxLayout(row);
     auto* field = new QLineEdit;
     field->setReadOnly(true);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(CTheme::kGrid);
-    layout->addWidget(field, 1);
-    layout->addWidget(MakeProviderButton("ShowHistoryDialog", tr("Source control menu")));
-    row->setFocusProxy(field);
-    AddField("ServerPathRow", tr("&Server Path:"), row);
-    SetNames(*field, "ServerPath", tr("Server Path"));
+    AddRow("ServerPath", tr("&Server Path:"), field,
+           MakeProviderButton("ShowHistoryDialog", tr("Source control menu")));
     return *field;
 }
 
-void CPropertiesSourceControlDlg::AddList(const char* objectName, const QString& label,
-                                          const QStringList& titles, std::span<const int> widths)
+QStandardItemModel* CPropertiesSourceControlDlg::AddUsers()
 {
-    auto* model = new QStandardItemModel(this);
-    model->setHorizontalHeaderLabels(titles);
-    auto* table = new CDialogTable(*model, widths);
-    table->setMinimumHeight(3 * CTheme::kRowHeight);
-    AddField(objectName, label, table);
+    QTableView* table = MakeList({tr("User"), tr("Comment")}, kUserWidths);
+    AddField("CheckOutUsers", tr("Check Out &Users:"), table);
+    return qobject_cast<QStandardItemModel*>(table->model());
 }
 
-void CPropertiesSourceControlDlg::AddHistoryButton()
+void CPropertiesSourceControlDlg::AddHistory()
 {
-    auto* row = new QWidget;
-    auto* layout = new QHBoxLayout(row);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addStretch();
-    layout->addWidget(MakeProviderButton("ShowHistory", tr("Show history")));
-    AddWide(row);
+    AddRow("History", tr("&History:"),
+           MakeList({tr("Version"), tr("User"), tr("Comment"), tr("Date")}, kHistoryWidths),
+           MakeProviderButton("ShowHistory", tr("Show history")));
 }
 
 void CPropertiesSourceControlDlg::Refresh()
 {
+    CSourceGate& gate = GetManager().GetGate();
+    const bool controlled = !m_sFile.empty() && gate.IsControlled(m_sFile);
     SetText(m_ServerPath, kUnknownProperty);
-    SetText(m_Status, GetSourceControlText(GetManager().GetGate(), m_sFile));
     SetText(m_Latest, kUnknownProperty);
+    SetText(m_Status, gate.IsConnected() ? GetSourceControlText(controlled, gate.GetFileFlags(m_sFile),
+                                                                gate.GetCheckOutState(m_sFile))
+                                         : std::u16string_view(u"Not connected to source control"));
+    ShowUsers();
+}
+
+void CPropertiesSourceControlDlg::ShowUsers()
+{
+    m_pUsers->removeRows(0, m_pUsers->rowCount());
+    for (const SCheckOutUser& user : GetManager().GetGate().GetCheckOutUsers(m_sFile))
+        m_pUsers->appendRow({new QStandardItem(MakeCellText(user.m_sName)),
+                             new QStandardItem(MakeCellText(user.m_sComment))});
 }

@@ -3,14 +3,17 @@
 
 #include "PropertiesBaseDlg.h"
 
+#include <cstdint>
 #include <span>
 
-class CSourceGate;
-class QTableView;
+class QBoxLayout;
+class QStandardItemModel;
 class QToolButton;
+enum class ECheckOutState;
 
-// The state of a file as the page words it.
-[[nodiscard]] std::u16string_view GetSourceControlText(CSourceGate& gate, std::u16string_view path);
+// The state of a file as the page words it; `flags` are bits of EFileFlags.
+[[nodiscard]] std::u16string_view GetSourceControlText(bool controlled, std::uint32_t flags,
+                                                       ECheckOutState state);
 
 class CPropertiesSourceControlDlg final : public CPropertiesBaseDlg
 {
@@ -23,13 +26,16 @@ public:
     void Forget() override {}
 
 private:
+    // A field with a button of the provider beside it.
+    void AddRow(const char* objectName, const QString& label, QWidget* field, QToolButton* button);
     [[nodiscard]] QLineEdit& AddServerPath();
-    void AddList(const char* objectName, const QString& label, const QStringList& titles,
-                 std::span<const int> widths);
-    void AddHistoryButton();
+    [[nodiscard]] QStandardItemModel* AddUsers();
+    void AddHistory();
+    void ShowUsers();
 
     std::u16string m_sFile;
     QLineEdit& m_ServerPath;
     QLineEdit& m_Status;
     QLineEdit& m_Latest;
+    QStandardItemModel* m_pUsers;
 };

@@ -33,6 +33,7 @@ void CPropertiesText::SetText(std::u16string_view text, const QString& whyNot)
     // A read-only text can still be read with the keyboard.
     if (fixed)
         setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    viewport()->setBackgroundRole(fixed ? QPalette::Window : QPalette::Base);
     setToolTip(tooLong ? tr("The text is too long to be changed here.") : whyNot);
     document()->setModified(false);
 }

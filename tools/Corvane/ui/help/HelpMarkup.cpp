@@ -16,6 +16,7 @@ constexpr std::size_t kMaxDepth = 24;
 constexpr int kMaxTables = 3;
 constexpr int kMaxCells = 20;
 constexpr int kMaxImages = 20;
+constexpr int kMaxAccents = 8;
 
 constexpr std::u16string_view kIcons[] = {
     u"<%PUTICONERROR%>",       u"<%PUTICONEXCLAMATION%>", u"<%PUTICONWARNING%>",  u"<%PUTICONQUESTION%>",
@@ -116,6 +117,27 @@ std::u16string_view Cut(std::u16string_view text, std::size_t limit)
     if (text.size() <= limit)
         return text;
     return text.substr(0, IsLowSurrogate(text[limit]) ? limit - 1 : limit);
+}
+
+// The accents that lie on one letter cost the layout more than their count; nobody reads a heap of them.
+std::u16string LimitAccents(std::u16string_view text)
+{
+    const auto isAccent = [](char16_t unit)
+    {
+        return (unit >= 0x300 && unit <= 0x36F) || (unit >= 0x1AB0 && unit <= 0x1AFF) ||
+               (unit >= 0x1DC0 && unit <= 0x1DFF) || (unit >= 0x20D0 && unit <= 0x20FF) ||
+               (unit >= 0xFE20 && unit <= 0xFE2F);
+    };
+    std::u16string out;
+    out.reserve(text.size());
+    int accents = 0;
+    for (const char16_t unit : text)
+    {
+        accents = isAccent(unit) ? accents + 1 : 0;
+        if (accents <= kMaxAccents)
+            out.push_back(unit);
+    }
+    return out;
 }
 
 void AppendCutNote(std::u16string& out, std::size_t missing)
@@ -451,7 +473,8 @@ private:
 std::u16string SanitizeHelp(std::u16string_view text)
 {
     const std::u16string_view shown = Cut(text, kMaxHelpText);
-    std::u16string out = CSanitizer(shown).Run();
+    const std::u16string readable = LimitAccents(shown);
+    std::u16string out = CSanitizer(readable).Run();
     AppendCutNote(out, text.size() - shown.size());
     return out;
 }
@@ -459,13 +482,14 @@ std::u16string SanitizeHelp(std::u16string_view text)
 std::u16string EscapeHelp(std::u16string_view text)
 {
     const std::u16string_view shown = Cut(text, kMaxHelpText);
+    const std::u16string readable = LimitAccents(shown);
     std::u16string out;
-    for (std::size_t i = 0; i < shown.size();)
+    for (std::size_t i = 0; i < readable.size();)
     {
-        if (TakeLineEnd(shown, i))
+        if (TakeLineEnd(readable, i))
             out.append(u"<br>");
         else
-            AppendPoint(out, TakePoint(shown, i));
+            AppendPoint(out, TakePoint(readable, i));
     }
     AppendCutNote(out, text.size() - shown.size());
     return out;

@@ -150,12 +150,29 @@ TEST_F(Properties, TextsPassTheGate)
     EXPECT_EQ(ToNarrow(all.GetHelp() + all.GetComment()), "helpcomment");
     ASSERT_TRUE(m_Database.Get().SaveDatabase({}, false));
     EXPECT_NE(m_Database.Read("All/cvd.category").find("Help=help"), std::string::npos);
+}
 
-    CSourceGate& gate = m_Database.m_Gate;
-    EXPECT_EQ(ToNarrow(GetSourceControlText(gate, u"x")), "Checked in");
-    m_Database.m_Gate.m_bMine = true;
-    EXPECT_EQ(ToNarrow(GetSourceControlText(gate, u"x")), "Checked out for edit");
-    EXPECT_EQ(ToNarrow(GetSourceControlText(gate, u"")), "Not under source control");
+TEST(SourceControlPage, WordsTheState)
+{
+    const struct
+    {
+        bool m_bControlled;
+        std::uint32_t m_nFlags;
+        ECheckOutState m_State;
+        const char* m_sText;
+    } rows[] = {
+        {false, FILE_FLAG_MINE, ECheckOutState::ForEdit, "Not under source control"},
+        {true, FILE_FLAG_MINE | FILE_FLAG_PENDING_ADD, ECheckOutState::ForDelete, "Checked out for delete"},
+        {true, FILE_FLAG_MINE | FILE_FLAG_PENDING_ADD, ECheckOutState::ForEdit,
+         "Imported/Created, Checked out for edit"},
+        {true, FILE_FLAG_MINE | FILE_FLAG_SOMEBODY_ELSES, ECheckOutState::ForEdit, "Checked out for edit"},
+        {true, FILE_FLAG_SOMEBODY_ELSES | FILE_FLAG_PENDING_ADD, ECheckOutState::NotControlled,
+         "Checked out by another user"},
+        {true, FILE_FLAG_PENDING_ADD, ECheckOutState::NotControlled, "Imported/Created"},
+        {true, FILE_FLAG_OPEN, ECheckOutState::NotControlled, "Checked in"},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(ToNarrow(GetSourceControlText(row.m_bControlled, row.m_nFlags, row.m_State)), row.m_sText);
 }
 
 TEST_F(Properties, WhatNoFileKeepsCannotBeChanged)
