@@ -29,9 +29,10 @@ QToolButton* MakeProviderButton(const char* objectName, const QString& name)
 
 QTableView* MakeList(const QStringList& titles, std::span<const int> widths)
 {
-    auto* model = new QStandardItemModel(this);
+    auto* model = new QStandardItemModel;
     model->setHorizontalHeaderLabels(titles);
     auto* table = new CDialogTable(*model, widths);
+    model->setParent(table);
     table->setMinimumHeight(3 * CTheme::kRowHeight);
     return table;
 }
