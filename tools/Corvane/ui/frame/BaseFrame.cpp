@@ -8,6 +8,7 @@
 #include "CorvaneHtmlView.h"
 #include "CorvaneListView.h"
 #include "CorvaneMgr.h"
+#include "IconSet.h"
 #include "MainFrame.h"
 #include "Profile.h"
 #include "QtText.h"
@@ -28,9 +29,10 @@ namespace
 constexpr std::u16string_view kBarSection = u"ControlBars\\";
 constexpr std::u16string_view kBarKey = u"State";
 
-QMenu* MakeListMenu(CBaseFrame& frame, const char* name, const QString& title)
+QMenu* MakeListMenu(CBaseFrame& frame, const char* name, const char* icon, const QString& title)
 {
     auto* menu = new QMenu(title, &frame);
+    menu->setIcon(GetIcon(icon));
     menu->setObjectName(QString::fromLatin1(name));
     menu->setToolTipsVisible(true);
     return menu;
@@ -45,8 +47,8 @@ QString EscapeTitle(QString title)
 
 CBaseFrame::CBaseFrame(CMainFrame& main, CCorvaneMgr& manager, CUndoMgr& undo)
     : m_Main(main), m_Manager(manager), m_Undo(undo), m_pCommands(new CCommandSet(*this)),
-      m_pUndoMenu(MakeListMenu(*this, "undoMenu", tr("&Undo"))),
-      m_pRedoMenu(MakeListMenu(*this, "redoMenu", tr("&Redo"))),
+      m_pUndoMenu(MakeListMenu(*this, "undoMenu", "undo", tr("&Undo"))),
+      m_pRedoMenu(MakeListMenu(*this, "redoMenu", "redo", tr("&Redo"))),
       m_pListSplitter(new CRatioSplitter(Qt::Vertical, this)), m_pHelp(new CCorvaneHtmlView(m_pListSplitter)),
       m_pBuildPane(new CBuildPane(this)), m_EventHandle(manager.AddObserver(
                                               [this](const CCorvaneEvent& event)
@@ -78,6 +80,9 @@ void CBaseFrame::CreatePanes()
 {
     m_pList = new CCorvaneListView(*this, m_pListSplitter);
     m_pListSplitter->insertWidget(0, m_pList);
+    // A key works also where no menu or bar has the command.
+    for (const SCommand& command : GetCommands())
+        static_cast<void>(m_pCommands->Get(command.m_nId));
 }
 
 const CCorvaneContext& CBaseFrame::GetContext() const

@@ -85,6 +85,8 @@ protected:
     virtual void OnRecordGone() {}
     virtual void OnEvent(const CCorvaneEvent& event);
     void UpdateTitle();
+    // In the status bar, for a while.
+    void ShowMessage(std::u16string_view text);
 
     // Bars and menus.
     QMenu* AddMenu(const QString& title, const char* name, std::span<const int> ids);

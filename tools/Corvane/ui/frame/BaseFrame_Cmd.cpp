@@ -5,6 +5,7 @@
 #include "Commands.h"
 #include "Context.h"
 #include "CorvaneDoc.h"
+#include "CorvaneListView.h"
 #include "CorvaneMgr.h"
 #include "MainFrame.h"
 #include "QtText.h"
@@ -12,10 +13,13 @@
 #include "UndoMgr.h"
 
 #include <QMenu>
+#include <QStatusBar>
 #include <algorithm>
 
 namespace
 {
+constexpr int kMessageTime = 15000; // Milliseconds.
+
 // What the entries of an undo or redo list say in the status bar.
 struct SListTexts
 {
@@ -30,6 +34,12 @@ constexpr SListTexts kUndoTexts = {QT_TRANSLATE_NOOP("CBaseFrame", "Undo the las
 constexpr SListTexts kRedoTexts = {QT_TRANSLATE_NOOP("CBaseFrame", "Redo the last action"),
                                    QT_TRANSLATE_NOOP("CBaseFrame", "Redo all actions up to this point"),
                                    QT_TRANSLATE_NOOP("CBaseFrame", "No redo actions available")};
+
+// What needs no selected attribute works on the list from wherever the focus is.
+bool IsOfWholeList(int id)
+{
+    return id == ID_EXPAND_ALL || id == ID_COLLAPSE_ALL;
+}
 
 // Entry i runs i + 1 steps.
 void FillList(QMenu& menu, const std::vector<std::u16string>& labels, const SListTexts& texts,
@@ -62,6 +72,8 @@ const CBaseFrame::SHandler* CBaseFrame::FindHandler(int id) const
 
 bool CBaseFrame::GetCommandState(int id, SCommandState& state)
 {
+    if (IsOfWholeList(id))
+        return m_pList->GetCommandState(id, state);
     const SHandler* handler = FindHandler(id);
     if (handler == nullptr)
         return false;
@@ -78,6 +90,8 @@ bool CBaseFrame::GetCommandState(int id, SCommandState& state)
 
 bool CBaseFrame::RunCommand(int id)
 {
+    if (IsOfWholeList(id))
+        return m_pList->RunCommand(id);
     const SHandler* handler = FindHandler(id);
     if (handler == nullptr || handler->m_pRun == nullptr)
         return false;
@@ -135,9 +149,15 @@ void CBaseFrame::OnSave()
 {
     m_Main.EndAllEdits();
     // What could not be written was told, and waits for the next save.
-    static_cast<void>(m_Manager.SaveDatabase({}, false));
+    if (m_Manager.SaveDatabase({}, false))
+        ShowMessage(u"The database has been saved.");
     if (m_pDocument)
         m_pDocument->UpdateViews(ERecordUpdate::Reloaded);
+}
+
+void CBaseFrame::ShowMessage(std::u16string_view text)
+{
+    statusBar()->showMessage(ToQString(text), kMessageTime);
 }
 
 void CBaseFrame::OnExpertMode()

@@ -6,6 +6,7 @@
 #include "Context.h"
 #include "CorvaneDoc.h"
 #include "CorvaneMgr.h"
+#include "CorvaneTreeView.h"
 #include "FormatText.h"
 #include "FrameMenus.h"
 #include "IconSet.h"
@@ -38,19 +39,24 @@ constexpr int kFirstHeight = 800;
 
 CMainFrame::CMainFrame(ICorvaneApplication& application, CWindowPump& pump, IFileDialogs& dialogs)
     : CBaseFrame(*this, application.GetManager(), application.GetUndo()), m_Application(application),
-      m_Pump(pump), m_Dialogs(dialogs), m_pMainDocument(application.GetDocument(), [](CCorvaneDoc*) {}),
+      m_Pump(pump), m_Dialogs(dialogs), m_pTreeSplitter(new CRatioSplitter(Qt::Horizontal, this)),
+      m_pMainDocument(application.GetDocument(), [](CCorvaneDoc*) {}),
       m_pCompileView(std::make_unique<CCompileView>(*this, this)),
       m_pCompiler(std::make_unique<CDatabaseCompiler>(application.GetManager(), m_pCompileView.get()))
 {
     setObjectName(QStringLiteral("CMainFrame"));
     setWindowIcon(GetIcon("corvane"));
     setAcceptDrops(true);
+    m_pTree = new CCorvaneTreeView(*this, m_pTreeSplitter);
     CreatePanes();
+    m_pTreeSplitter->addWidget(&GetListSplitter());
+    setCentralWidget(m_pTreeSplitter);
+    GetCommandSet().SetActivePane(m_pTree);
     MakeMenus();
     MakeBars();
-    setCentralWidget(&GetListSplitter());
     SetDocument(m_pMainDocument);
     RestorePlace();
+    ActivateTree();
     GetCommandSet().Touch();
 }
 
@@ -101,6 +107,7 @@ void CMainFrame::RestorePlace()
     resize(kFirstWidth, kFirstHeight);
     const CWindowPlacement place(GetContext().m_Profile, kSection);
     place.Restore(*this, !GetContext().m_Run.m_bSilent);
+    place.RestoreSplitter(*m_pTreeSplitter, kTreeSplitter, kTreeRatio);
     place.RestoreSplitter(GetListSplitter(), kListSplitter, kListRatio);
     RestoreBars(kBars);
 }
@@ -109,6 +116,7 @@ void CMainFrame::StorePlace()
 {
     const CWindowPlacement place(GetContext().m_Profile, kSection);
     place.Store(*this);
+    place.StoreSplitter(*m_pTreeSplitter, kTreeSplitter);
     place.StoreSplitter(GetListSplitter(), kListSplitter);
     StoreBars(kBars);
 }
@@ -136,8 +144,21 @@ bool CMainFrame::IsWorking() const
     return m_Pump.IsWorking();
 }
 
+void CMainFrame::ActivateTree()
+{
+    m_pTree->setFocus(Qt::OtherFocusReason);
+}
+
+ICommandTarget* CMainFrame::FindPane(const QWidget& focus)
+{
+    if (m_pTree == &focus || m_pTree->isAncestorOf(&focus))
+        return m_pTree;
+    return CBaseFrame::FindPane(focus);
+}
+
 void CMainFrame::EndAllEdits()
 {
+    m_pTree->EndEdit();
     EndEdit();
     for (CRecordFrame* frame : GetRecordFrames())
         frame->EndEdit();

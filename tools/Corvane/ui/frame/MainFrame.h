@@ -9,6 +9,7 @@
 #include <vector>
 
 class CCompileView;
+class CCorvaneTreeView;
 class CDatabaseCompiler;
 class CRecordFrame;
 class CValidateDlg;
@@ -24,6 +25,8 @@ public:
     ~CMainFrame() override;
 
     [[nodiscard]] IEditor& GetEditor() override { return *this; }
+    void ActivateTree() override;
+    [[nodiscard]] CCorvaneTreeView& GetTreeView() { return *m_pTree; }
 
     [[nodiscard]] ICorvaneApplication& GetApplication() override { return m_Application; }
     bool ShowRecord(CCorvaneRecord* record, bool writable) override;
@@ -56,6 +59,7 @@ protected:
     [[nodiscard]] bool IsChecked(int id, bool& checked) const override;
     [[nodiscard]] QString MakeTitle() const override;
     void OnEvent(const CCorvaneEvent& event) override;
+    [[nodiscard]] ICommandTarget* FindPane(const QWidget& focus) override;
 
     void closeEvent(QCloseEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
@@ -79,6 +83,7 @@ private:
     // Commands (MainFrame_Cmd).
     void OnOpen();
     void OnSaveAs();
+    void OnFocusFilter();
     void OnSettings();
     void OnAbout();
     void OnRefreshStatus() { RefreshStatus(); }
@@ -101,12 +106,12 @@ private:
     void WatchPostBuildStep();
     [[nodiscard]] CValidateDlg& GetValidation();
     void BringUpValidation();
-    // In the status bar.
-    void ShowMessage(std::u16string_view text);
 
     ICorvaneApplication& m_Application;
     CWindowPump& m_Pump;
     IFileDialogs& m_Dialogs;
+    CRatioSplitter* m_pTreeSplitter;
+    CCorvaneTreeView* m_pTree = nullptr;
     QMenu* m_pFileMenu = nullptr;
     QMenu* m_pSourceControlMenu = nullptr;
     QAction* m_pRecentEnd = nullptr; // The separator behind the recent files.

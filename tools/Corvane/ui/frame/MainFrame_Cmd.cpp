@@ -6,6 +6,7 @@
 #include "Context.h"
 #include "CorvaneDoc.h"
 #include "CorvaneMgr.h"
+#include "CorvaneTreeView.h"
 #include "FileDialogs.h"
 #include "FileFilter.h"
 #include "FileSystem.h"
@@ -74,6 +75,7 @@ std::span<const CBaseFrame::SHandler> CMainFrame::GetHandlers() const
         {ID_VALIDATE_DATABASE, EGuard::Open, static_cast<FRun>(&CMainFrame::OnValidateDatabase)},
         {ID_DEFERRED_ATTRIBUTES, EGuard::Open, static_cast<FRun>(&CMainFrame::OnDeferredAttributes)},
         {ID_MODIFIED_ATTRIBUTES, EGuard::Open, static_cast<FRun>(&CMainFrame::OnModifiedAttributes)},
+        {ID_FOCUS_FILTER, EGuard::Open, static_cast<FRun>(&CMainFrame::OnFocusFilter)},
         {ID_SETTINGS, EGuard::Always, static_cast<FRun>(&CMainFrame::OnSettings)},
         {ID_APP_ABOUT, EGuard::Always, static_cast<FRun>(&CMainFrame::OnAbout)},
         {ID_APP_EXIT, EGuard::Always, &CMainFrame::OnClose},
@@ -147,6 +149,7 @@ void CMainFrame::OpenDatabase(std::u16string_view path)
     m_Application.OpenDocumentFile(path);
     StoreRecentFiles();
     UpdateTitle();
+    ActivateTree();
 }
 
 // Written at once: a run that ends badly must not lose the list.
@@ -206,6 +209,11 @@ void CMainFrame::OnSaveAs()
         static_cast<void>(GetManager().SaveDatabase(path, true));
 }
 
+void CMainFrame::OnFocusFilter()
+{
+    m_pTree->FocusFilter();
+}
+
 void CMainFrame::OnSettings()
 {
     EndAllEdits();
@@ -231,6 +239,7 @@ void CMainFrame::RefreshStatus()
     EndAllEdits();
     const CWaitCursor wait;
     GetManager().RefreshDatabase();
+    m_pTree->RefreshState();
 }
 
 void CMainFrame::dragEnterEvent(QDragEnterEvent* event)

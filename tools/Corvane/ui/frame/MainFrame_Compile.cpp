@@ -14,7 +14,6 @@
 #include "OverrideDlg.h"
 #include "Path.h"
 #include "ProgressModalDlg.h"
-#include "QtText.h"
 #include "RunState.h"
 #include "ValidateCore.h"
 #include "ValidateDlg.h"
@@ -22,14 +21,12 @@
 #include "host/Questions.h"
 
 #include <QApplication>
-#include <QStatusBar>
 #include <QTimer>
 
 namespace
 {
 constexpr std::uint32_t kServerFlags = COMPILE_SERVER | COMPILE_SYNCHRONIZE | COMPILE_SUBMIT;
-constexpr int kMessageTime = 15000; // Milliseconds of a message in the status bar.
-constexpr int kBetweenLooks = 500;  // At a post-build step that outlived its compile.
+constexpr int kBetweenLooks = 500; // At a post-build step that outlived its compile.
 constexpr std::u16string_view kDependencyExtension = u"Gamdb00dc";
 } // namespace
 
@@ -56,11 +53,6 @@ void CMainFrame::Compile(std::uint32_t flags)
             u"Compile Error", u"There were one or more errors encountered. Failed to compile the database.",
             EIcon::Stop);
     WatchPostBuildStep();
-}
-
-void CMainFrame::ShowMessage(std::u16string_view text)
-{
-    statusBar()->showMessage(ToQString(text), kMessageTime);
 }
 
 // A step that goes on after its compile tells of a failure later.

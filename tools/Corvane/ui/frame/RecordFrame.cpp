@@ -4,6 +4,7 @@
 #include "Commands.h"
 #include "Context.h"
 #include "CorvaneDoc.h"
+#include "CorvaneListView.h"
 #include "CorvaneMgr.h"
 #include "FormatText.h"
 #include "FrameMenus.h"
@@ -40,6 +41,7 @@ CRecordFrame::CRecordFrame(CMainFrame& main, ICorvaneApplication& application,
     setWindowIcon(GetIcon("record"));
     setAttribute(Qt::WA_DeleteOnClose);
     CreatePanes();
+    GetCommandSet().SetActivePane(&GetListView());
     AddMenu(tr("&Record"), "recordMenu", GetMenuCommands(EFrameMenu::RecordFile));
     QMenu* edit = AddMenu(tr("&Edit"), "editMenu", {});
     edit->addMenu(GetUndoMenu());

@@ -37,7 +37,6 @@ CreateCorvaneUi(ICorvaneApplication& application)
     std::unique_ptr<QApplication> toolkit = StartToolkit();
     if (!toolkit)
         return nullptr;
-    QApplication::setApplicationDisplayName(QStringLiteral("Corvane"));
     CTheme::Get().Install();
     RegisterTypeViews(GetTypeViews());
     return new CCorvaneUi(std::move(toolkit), application);

@@ -264,6 +264,14 @@ TEST_F(CFrameTest, RootFilesComeFromADialogADropAndTheList)
     EXPECT_EQ(m_Database.GetTitles(), "Open Failed;");
     EXPECT_TRUE(Manager().IsOpen()) << "a file that is not there leaves the open database alone";
     EXPECT_TRUE(drop(root));
+    // One that cannot be loaded leaves an empty window, which can be used.
+    m_Database.WriteBytes("Bad.Gamdb00s", "x");
+    EXPECT_TRUE(drop(m_Database.GetText("Bad.Gamdb00s")));
+    EXPECT_EQ(m_Database.GetTitles(), "Open Failed;Invalid Game Database Root File;");
+    EXPECT_EQ(Title(), "Corvane");
+    EXPECT_FALSE(Run(ID_FILE_SAVE));
+    EXPECT_TRUE(drop(root));
+    EXPECT_EQ(Title(), "Test - Corvane");
 
     m_App.m_RecentFiles.Add(u"/none/A&B.Gamdb00s");
     m_App.m_RecentFiles.Add(root);
@@ -320,6 +328,7 @@ TEST_F(CFrameTest, ACompileGoesThroughItsDialogAndACancelEndsTheWaitForAStep)
 
 TEST_F(CFrameTest, EveryCommandHasItsIconAndSaysWhyItIsNotThere)
 {
+    EXPECT_TRUE(Frame().ShowRecord(&m_Database.Record("Things/One"), true));
     for (const SCommand& command : GetCommands())
     {
         const bool drawn = *command.m_sIcon == '\0' || !GetIcon(command.m_sIcon).isNull();

@@ -1,5 +1,9 @@
 // The real program with its real module: what happens where windows cannot be, and what both share.
+#include "DiskFileSystem.h"
+#include "Module.h"
+#include "QtText.h"
 #include "ScratchDir.h"
+#include "UiServices.h"
 
 #include <cstdlib>
 #include <gtest/gtest.h>
@@ -85,4 +89,22 @@ TEST_F(CProgramTest, TheModuleUsesTheProgramsCore)
     EXPECT_GT(std::atoi(m_Scratch.ReadBytes("shared").c_str()), 500);
     EXPECT_EQ(m_Scratch.ReadBytes("twice"), "");
     EXPECT_NE(m_Scratch.ReadBytes("hook"), "0\n") << "assertions of the windows go to the program's log";
+}
+
+// A sound that cannot be played, or a player that crashes, must not matter to the program.
+TEST_F(CProgramTest, SoundsArePlayedByAProcessOfTheirOwn)
+{
+    EXPECT_EQ(Run("QT_QPA_PLATFORM=offscreen", SOUND_PROGRAM), "1 Usage: corvane-sound FILE\n");
+    m_Scratch.WriteBytes("bad.wav", "no sound");
+    EXPECT_EQ(Run("", "timeout 20 " SOUND_PROGRAM " bad.wav")[0], '1');
+    CDiskFileSystem files;
+    const std::u16string programs =
+        ToText(QString::fromStdString(fs::path(SOUND_PROGRAM).parent_path())) + u'/';
+    const CModuleFinder modules(files, programs, programs);
+    CUiServices services(files, modules);
+    EXPECT_FALSE(services.PlaySoundFile(m_Scratch.Text("none.wav")));
+    EXPECT_TRUE(services.PlaySoundFile(m_Scratch.Text("bad.wav")));
+    EXPECT_TRUE(services.PlaySoundFile(m_Scratch.Text("bad.wav"))) << "one ends the other";
+    const CModuleFinder nowhere(files, m_Scratch.Text("p/"), m_Scratch.Text("p/"));
+    EXPECT_FALSE(CUiServices(files, nowhere).PlaySoundFile(m_Scratch.Text("bad.wav")));
 }
