@@ -172,6 +172,11 @@ public:
     [[nodiscard]] bool IsPlaceHolder() const { return m_bPlaceHolder; }
     [[nodiscard]] bool IsTodo() const { return m_bTodo; }
     [[nodiscard]] bool IsLocked() const { return m_bLocked; }
+    // Locked itself, or a member of a struct value that is.
+    [[nodiscard]] bool IsUnderLock() const
+    {
+        return m_bLocked || (m_pParentAttrib != nullptr && m_pParentAttrib->IsUnderLock());
+    }
 
     virtual void SetAttribData(CCorvaneSchemaAttribData* data);
     [[nodiscard]] CCorvaneSchemaAttribData* GetAttribData() const { return m_pAttribData.Get(); }

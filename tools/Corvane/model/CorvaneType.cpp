@@ -115,7 +115,7 @@ void CCorvaneType::NotifyViews(const ICorvaneTypeView* sender, int message)
 
 bool CCorvaneType::IsEditable() const
 {
-    return !IsLocked() && !IsInheriting();
+    return !IsUnderLock() && !IsInheriting();
 }
 
 std::u16string_view CCorvaneType::GetTypedText(std::size_t index) const

@@ -44,7 +44,7 @@ public:
     // Tells every view but the sender.
     void NotifyViews(const ICorvaneTypeView* sender, int message);
 
-    // True unless locked or inherited.
+    // True unless locked or inherited; the lock of a struct is one of its members too.
     [[nodiscard]] bool IsEditable() const;
 
     // What a user's commands change besides the values (CorvaneType_Marks). Each passes the gate, marks the

@@ -69,7 +69,7 @@ bool CCorvaneType::ConfirmUnlock() const
 bool CCorvaneType::CanEditInherit() const
 {
     const CCorvaneRecord* record = GetOwnerRecord();
-    return !IsLocked() && record != nullptr && record->GetParent() != nullptr;
+    return !IsUnderLock() && record != nullptr && record->GetParent() != nullptr;
 }
 
 bool CCorvaneType::EditInherit(bool inherit)
