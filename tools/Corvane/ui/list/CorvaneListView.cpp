@@ -138,18 +138,17 @@ void CCorvaneListView::EndEdit(bool commit)
 bool CCorvaneListView::SelectAttribute(const CCorvaneAttrib& attrib, int item)
 {
     m_pList->Flush();
+    const CCorvaneAttrib* outer = &attrib;
+    while (outer->GetParentAttrib() != nullptr)
+        outer = outer->GetParentAttrib();
     for (int i = 0; i < m_pList->GetAttributeCount(); ++i)
     {
         CCorvaneTypeView& view = *m_pList->GetAttribute(i);
-        if (&view.GetParentType() != &attrib)
+        if (&view.GetParentType() != outer)
             continue;
         m_pList->SetSelection(i);
-        if (item >= 0 && item < view.GetItemCount())
-        {
-            view.SetExpanded(true);
-            m_pList->MeasureAttribute(i);
-            view.SetActiveSubItem(item);
-        }
+        view.SelectAttribute(attrib, item);
+        m_pList->MeasureAttribute(i);
         m_pList->MakeSelectionVisible();
         UpdateHelp();
         return true;

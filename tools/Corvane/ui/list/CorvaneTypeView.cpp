@@ -54,6 +54,17 @@ void CCorvaneTypeView::SetActiveSubItem(int item)
     m_nSelectedItem = item;
 }
 
+bool CCorvaneTypeView::SelectAttribute(const CCorvaneAttrib& attrib, int item)
+{
+    if (&attrib != m_pParentType.Get())
+        return false;
+    const bool there = item >= 0 && item < static_cast<int>(GetValueCount());
+    if (there)
+        SetExpanded(true);
+    SetActiveSubItem(there ? item : kHeaderItem);
+    return true;
+}
+
 bool CCorvaneTypeView::SelectNext()
 {
     if (m_nSelectedItem == kAddItem)

@@ -73,6 +73,9 @@ public:
     [[nodiscard]] bool IsSelected() const { return m_bSelected; }
     [[nodiscard]] int GetActiveSubItem() const { return m_nSelectedItem; }
     virtual void SetActiveSubItem(int item);
+    // Shows and selects an item of `attrib`: the view's own attribute, or a member in its values. An item
+    // that is not there selects the attribute. False for any other attribute.
+    virtual bool SelectAttribute(const CCorvaneAttrib& attrib, int item);
     virtual void ClearActiveSubItem() { SetActiveSubItem(kHeaderItem); }
     // One item down or up; false when it did not move. SelectPrevious of a header goes to the last item.
     virtual bool SelectNext();

@@ -31,12 +31,22 @@ QColor GetColor(EThemeColor color)
 
 bool IsGrey(const CCorvaneType& attrib)
 {
-    return attrib.IsLocked() || attrib.GetInherit();
+    return attrib.IsUnderLock() || attrib.GetInherit();
 }
 
 // False between the entries of one attribute for several builds, which belong together.
 bool EndsAttribute(const CCorvaneType& attrib)
 {
+    if (const CCorvaneAttrib* parent = attrib.GetParentAttrib())
+    {
+        std::ptrdiff_t row = -1;
+        const std::ptrdiff_t place = parent->FindChildAttribute(attrib, row);
+        const CCorvaneAttrib* behind = place < 0
+                                           ? nullptr
+                                           : parent->GetChildAttributeAt(static_cast<std::size_t>(row),
+                                                                         static_cast<std::size_t>(place) + 1);
+        return behind == nullptr || !EqualNames(behind->GetName(), attrib.GetName());
+    }
     const std::ptrdiff_t index = attrib.GetIndexInRecord();
     if (index < 0)
         return true;
