@@ -107,6 +107,9 @@ private:
 
     using Row = std::vector<CRef<CCorvaneType>>;
 
+    // Removes a row and hands it out.
+    [[nodiscard]] bool CutRow(std::size_t index, Row& row);
+
     [[nodiscard]] std::size_t GetStoredRows() const { return std::max(m_nOwnRows, m_nInheritedRows); }
     [[nodiscard]] CStructRows GetStored() const;
     [[nodiscard]] Row MakeRow();

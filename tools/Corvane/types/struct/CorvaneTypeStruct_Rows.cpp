@@ -161,10 +161,16 @@ bool CCorvaneTypeStruct::SetValue(std::size_t, std::u16string_view)
 
 bool CCorvaneTypeStruct::RemoveValue(std::size_t index)
 {
+    Row removed;
+    return CutRow(index, removed);
+}
+
+bool CCorvaneTypeStruct::CutRow(std::size_t index, Row& row)
+{
     if (!IsVariableSize() || index >= GetValueCount() || !BeginRowChange())
         return false;
     UnfollowRows(index);
-    const Row removed = TakeRow(index); // A listener sees the attribute without it.
+    row = TakeRow(index); // A listener sees the attribute without it.
     OnRowsChanged(index);
     return true;
 }
