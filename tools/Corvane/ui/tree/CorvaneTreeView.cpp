@@ -7,7 +7,7 @@
 #include "CorvaneMgr.h"
 #include "CorvaneTreeModel.h"
 #include "Editor.h"
-#include "HelpContent.h"
+#include "IconSet.h"
 #include "Profile.h"
 #include "QtText.h"
 #include "RunState.h"
@@ -23,6 +23,7 @@
 #include "UiModule.h"
 #include "host/Services.h"
 
+#include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -90,6 +91,7 @@ void CCorvaneTreeView::CreateControls()
     m_pFilter->setObjectName(QStringLiteral("filter"));
     m_pFilter->setAccessibleName(QStringLiteral("Filter by name"));
     m_pFilter->setPlaceholderText(QStringLiteral("Filter by name"));
+    m_pFilter->addAction(GetIcon("filter"), QLineEdit::LeadingPosition);
     m_pFilter->setClearButtonEnabled(true);
     m_pCount->setObjectName(QStringLiteral("matches"));
     m_pCount->setContentsMargins(CTheme::kGrid, 0, CTheme::kGrid, 0);
@@ -97,8 +99,12 @@ void CCorvaneTreeView::CreateControls()
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(CTheme::kGrid);
-    layout->addWidget(m_pFilter);
-    layout->addWidget(m_pCount);
+    // Side by side, so that the rows stay in their places when the count appears.
+    auto* filter = new QHBoxLayout;
+    filter->setSpacing(0);
+    filter->addWidget(m_pFilter, 1);
+    filter->addWidget(m_pCount);
+    layout->addLayout(filter);
     layout->addWidget(m_pTree, 1);
     setFocusProxy(m_pTree);
 }

@@ -100,6 +100,8 @@ private:
     void AskAndAddCategory(const CTreeItem& item);
     [[nodiscard]] bool CanAddRecord(const CTreeItem& item) const;
     void AddRecord(const CTreeItem& item);
+    [[nodiscard]] bool CanShowProperties(const CTreeItem& item) const;
+    void ShowItemProperties(const CTreeItem& item);
     [[nodiscard]] bool CanCopy(const CTreeItem& item) const;
     void Cut(const CTreeItem& item);
     void Copy(const CTreeItem& item);

@@ -9,6 +9,7 @@
 #include "FormatText.h"
 #include "HelpContent.h"
 #include "InsertCategoryDlg.h"
+#include "PropertiesSheet.h"
 #include "QtText.h"
 #include "RunState.h"
 #include "SourceGate.h"
@@ -33,6 +34,7 @@ constexpr CCorvaneTreeView::SRow CCorvaneTreeView::kRows[] = {
     {ID_DELETE, &CCorvaneTreeView::CanDelete, &CCorvaneTreeView::Delete},
     {ID_NEW_CATEGORY, &CCorvaneTreeView::CanAddCategory, &CCorvaneTreeView::AddCategory},
     {ID_NEW_RECORD, &CCorvaneTreeView::CanAddRecord, &CCorvaneTreeView::AddRecord},
+    {ID_PROPERTIES, &CCorvaneTreeView::CanShowProperties, &CCorvaneTreeView::ShowItemProperties},
     {ID_CUT, &CCorvaneTreeView::CanCopy, &CCorvaneTreeView::Cut},
     {ID_COPY, &CCorvaneTreeView::CanCopy, &CCorvaneTreeView::Copy},
     {ID_PASTE, &CCorvaneTreeView::CanPaste, &CCorvaneTreeView::Paste},
@@ -195,6 +197,19 @@ void CCorvaneTreeView::AddRecord(const CTreeItem& item)
     const CCorvaneRecord* record = scope.IsOpen() ? m_Manager.InsertRecord(item.GetCategory()) : nullptr;
     if (record)
         scope.Accept(FormatText(u"[%s]\tInserted Record", record->GetName()));
+}
+
+bool CCorvaneTreeView::CanShowProperties(const CTreeItem& item) const
+{
+    return !item.IsRoot();
+}
+
+void CCorvaneTreeView::ShowItemProperties(const CTreeItem& item)
+{
+    if (item.IsRecord())
+        ShowProperties(m_Frame, *item.GetRecord());
+    else
+        ShowProperties(m_Frame, *item.GetCategory());
 }
 
 bool CCorvaneTreeView::CanCopy(const CTreeItem& item) const

@@ -66,6 +66,7 @@ private:
     void Drop(const QPoint& position);
     void AutoScroll();
     void PaintDrag();
+    [[nodiscard]] QPixmap PaintDragImage(const QModelIndex& index) const;
 
     void ShowTip();
 

@@ -63,10 +63,27 @@ void CTreeControl::BeginDrag()
     const QModelIndex index = m_Model.FindIndex(item);
     if (!index.isValid() || !m_Hooks.m_MayDrag || !m_Hooks.m_MayDrag(item))
         return;
-    m_DragImage = viewport()->grab(visualRect(index));
+    m_DragImage = PaintDragImage(index);
     m_Dragged = item;
     m_Delegate.m_bTrackSelect = false;
     m_pScroll->start();
+}
+
+// Icon and name alone, whatever the row in the tree looks like.
+QPixmap CTreeControl::PaintDragImage(const QModelIndex& index) const
+{
+    constexpr int kMaxWidth = 240;
+    QStyleOptionViewItem option;
+    initViewItemOption(&option);
+    option.state = QStyle::State_Enabled;
+    const QSize size = m_Delegate.sizeHint(option, index).boundedTo({kMaxWidth, visualRect(index).height()});
+    option.rect = {QPoint(), size};
+    QPixmap image(size * devicePixelRatioF());
+    image.setDevicePixelRatio(devicePixelRatioF());
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    m_Delegate.paint(&painter, option, index);
+    return image;
 }
 
 void CTreeControl::DragTo(const QPoint& position)

@@ -67,19 +67,21 @@ void CTreeFiltering::Start()
 void CTreeFiltering::Step()
 {
     const auto deadline = CTreeFilterWalk::CClock::now() + kSlice;
-    if (Walk(deadline) && ExpandSome(deadline) && BurySome(deadline))
+    // One kind of work a slice, so that what a step adds to the slice is added once.
+    if (m_pWalk)
+        Walk(deadline);
+    else if (!m_ToExpand.empty())
+        ExpandSome(deadline);
+    else if (BurySome(deadline))
         m_pStep->stop();
 }
 
-bool CTreeFiltering::Walk(CTreeFilterWalk::CClock::time_point deadline)
+void CTreeFiltering::Walk(CTreeFilterWalk::CClock::time_point deadline)
 {
-    if (!m_pWalk)
-        return true;
-    if (!m_pWalk->Run(deadline))
-        return false;
+    if (!m_pWalk || !m_pWalk->Run(deadline))
+        return;
     m_pWalk.reset();
     Apply();
-    return true;
 }
 
 void CTreeFiltering::Apply()
@@ -137,18 +139,19 @@ void CTreeFiltering::RestoreSelection()
     m_Tree.scrollTo(index, QAbstractItemView::PositionAtCenter);
 }
 
-bool CTreeFiltering::ExpandSome(CTreeFilterWalk::CClock::time_point deadline)
+void CTreeFiltering::ExpandSome(CTreeFilterWalk::CClock::time_point deadline)
 {
-    while (!m_ToExpand.empty())
+    // A category may take the whole slice: none begins when a part of it is gone.
+    const auto enough = deadline - kSlice * 3 / 4;
+    for (bool first = true; !m_ToExpand.empty(); first = false)
     {
-        if (CTreeFilterWalk::CClock::now() >= deadline)
-            return false;
+        if (!first && CTreeFilterWalk::CClock::now() >= enough)
+            return;
         const QModelIndex index = m_Model.FindIndex(m_ToExpand.front());
         m_ToExpand.pop_front();
         if (index.isValid())
             m_Tree.expand(index);
     }
-    return true;
 }
 
 void CTreeFiltering::Bury(std::unique_ptr<CTreeNodes> nodes)

@@ -56,9 +56,10 @@ private:
     void Start();
     void Clear();
     void Step();
-    // Each does what it can before the deadline; true when it is done.
-    bool Walk(CTreeFilterWalk::CClock::time_point deadline);
-    bool ExpandSome(CTreeFilterWalk::CClock::time_point deadline);
+    // Each does what it can before the deadline.
+    void Walk(CTreeFilterWalk::CClock::time_point deadline);
+    void ExpandSome(CTreeFilterWalk::CClock::time_point deadline);
+    // True when nothing is left.
     bool BurySome(CTreeFilterWalk::CClock::time_point deadline);
     void Apply();
     void Bury(std::unique_ptr<CTreeNodes> nodes);

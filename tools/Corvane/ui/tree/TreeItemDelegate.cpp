@@ -8,6 +8,8 @@
 
 #include <QLineEdit>
 #include <QPainter>
+#include <QStyle>
+#include <QWidget>
 #include <algorithm>
 
 namespace
@@ -66,12 +68,21 @@ void CTreeItemDelegate::initStyleOption(QStyleOptionViewItem* option, const QMod
 {
     QStyledItemDelegate::initStyleOption(option, index);
     const SRoleIcons icons = GetRoleIcons(m_Model.GetItem(index));
-    const bool open = (option->state & QStyle::State_Open) != 0;
+    const bool open = (option->state & QStyle::State_Open) != 0 && m_Model.hasChildren(index);
     option->icon = GetCachedIcon(open ? icons.m_sOpen : icons.m_sClosed);
     option->decorationSize = {CTheme::kIconSize, CTheme::kIconSize};
     option->features |= QStyleOptionViewItem::HasDecoration;
     if (m_bTrackSelect && (option->state & QStyle::State_MouseOver) != 0)
         option->font.setUnderline(true);
+}
+
+// The selection goes through all of the row.
+void CTreeItemDelegate::PaintBackground(QPainter* painter, const QStyleOptionViewItem& option,
+                                        const QRect& place)
+{
+    QStyleOptionViewItem panel = option;
+    panel.rect = place;
+    option.widget->style()->drawPrimitive(QStyle::PE_PanelItemViewItem, &panel, painter, option.widget);
 }
 
 void CTreeItemDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
@@ -85,6 +96,7 @@ void CTreeItemDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opt
     if (m_bStates)
     {
         const QRect place = GetStateRect(option.rect);
+        PaintBackground(painter, option, place);
         if (const char* icon = GetStateIcon(index.data(CCorvaneTreeModel::StateRole).toInt()))
             GetCachedIcon(icon).paint(painter, place);
         shifted.rect.setLeft(place.right() + 1);

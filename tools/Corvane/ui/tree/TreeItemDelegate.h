@@ -42,6 +42,7 @@ protected:
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
 
 private:
+    static void PaintBackground(QPainter* painter, const QStyleOptionViewItem& option, const QRect& place);
     [[nodiscard]] const QIcon& GetCachedIcon(const char* name) const;
 
     const CCorvaneTreeModel& m_Model;
