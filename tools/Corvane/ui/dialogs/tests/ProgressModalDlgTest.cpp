@@ -32,6 +32,7 @@ TEST(ProgressModalDlg, ShowsWhatTheWorkerTellsAndStaysUntilItHasHeardOfTheCancel
             return;
         dialog.close();
         EXPECT_TRUE(dialog.isVisible());
+        watch.stop(); // The worker may end before the next turn.
         seen = true;
     };
     QObject::connect(&watch, &QTimer::timeout, &dialog, user);
