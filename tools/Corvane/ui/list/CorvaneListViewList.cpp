@@ -106,37 +106,36 @@ CRef<CCorvaneTypeView> CCorvaneListViewList::CreateView(CCorvaneType& attrib)
 
 void CCorvaneListViewList::RebuildRows()
 {
-    const CRef<CCorvaneTypeView> selected(GetSelectedRow());
-    std::unordered_map<const CCorvaneType*, CRef<CCorvaneTypeView>> before;
-    for (SRow& row : m_AttribList)
-        before.emplace(&row.m_pView->GetParentType(), row.m_pView);
-    m_AttribList.clear();
-    m_nSelected = -1;
-    m_nNextNumber = 0;
+    std::unordered_map<const CCorvaneAttrib*, std::size_t> places;
+    std::vector<CCorvaneType*> added; // By place; null for those that are shown already.
     if (m_pRecord)
     {
         for (const CRef<CCorvaneAttrib>& attrib : m_pRecord->GetAttributeList())
         {
-            auto& type = static_cast<CCorvaneType&>(*attrib);
-            const auto found = before.find(&type);
-            m_AttribList.push_back(
-                {m_nNextNumber++, found != before.end() ? found->second : CreateView(type), 0, 0});
-            if (found != before.end())
-                before.erase(found);
+            places.emplace(attrib.Get(), added.size());
+            added.push_back(static_cast<CCorvaneType*>(attrib.Get()));
         }
     }
-    for (const auto& [attrib, view] : before)
+    const int top = m_nTop; // A list that is short for a moment must not move.
+    for (int i = GetAttributeCount() - 1; i >= 0; --i)
     {
-        if (view == m_pEditView)
-            EndEdit(false, true);
-        view->SetSelected(false);
-        view->Detach();
+        const auto found = places.find(&GetAttribute(i)->GetParentType());
+        if (found == places.end())
+            DeleteAttribute(i);
+        else
+            added[found->second] = nullptr;
     }
+    for (CCorvaneType* attrib : added)
+    {
+        if (attrib != nullptr)
+            AddItem(CreateView(*attrib));
+    }
+    for (SRow& row : m_AttribList)
+        row.m_nNumber = static_cast<int>(places[&row.m_pView->GetParentType()]);
+    const CCorvaneTypeView* selected = GetSelectedRow();
     SortRows();
-    const bool gone = selected && FindAttribute(selected.Get()) < 0;
-    SelectView(selected.Get());
-    if (gone)
-        OnSelectionChanged();
+    SelectView(selected);
+    m_nTop = top;
 }
 
 void CCorvaneListViewList::DropRows()
@@ -169,11 +168,6 @@ void CCorvaneListViewList::InsertItem(int index, CRef<CCorvaneTypeView> view)
         ++m_nSelected;
     RecalcScrollBar();
     update();
-}
-
-void CCorvaneListViewList::InsertAttribute(int iIndex, CCorvaneType& attrib)
-{
-    InsertItem(iIndex, CreateView(attrib));
 }
 
 void CCorvaneListViewList::DeleteAttribute(int iIndex)
@@ -284,16 +278,10 @@ void CCorvaneListViewList::paintEvent(QPaintEvent* event)
     const CTheme& theme = CTheme::Get();
     painter.fillRect(event->rect(), theme.GetColor(EThemeColor::Base));
     painter.fillRect(QRect(0, 0, kListIndent, height()), theme.GetColor(EThemeColor::Gutter));
-    int top = m_nTop * kLine;
-    for (const SRow& row : m_AttribList)
-    {
-        const QRect rect(0, top, width(), row.m_nHeight);
-        top += row.m_nHeight;
-        if (rect.top() > event->rect().bottom())
-            break;
-        if (rect.intersects(event->rect()))
-            row.m_pView->Draw(painter, rect, event->rect());
-    }
+    const int last = HitTest(event->rect().bottom());
+    for (int i = std::max(HitTest(event->rect().top()), 0);
+         i < GetAttributeCount() && (last < 0 || i <= last); ++i)
+        DrawSingleAttribute(i, &painter);
     painter.setPen(theme.GetColor(EThemeColor::Shadow));
     painter.drawLine(kListIndent, 0, kListIndent, height());
 }

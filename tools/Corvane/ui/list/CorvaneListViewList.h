@@ -52,7 +52,6 @@ public:
     void AddItem(CRef<CCorvaneTypeView> view);
     void InsertItem(int index, CRef<CCorvaneTypeView> view);
     void DeleteAttribute(int iIndex);
-    void InsertAttribute(int iIndex, CCorvaneType& attrib);
     [[nodiscard]] CCorvaneTypeView* GetAttribute(int iIndex) const;
     [[nodiscard]] int GetAttributeCount() const { return static_cast<int>(m_AttribList.size()); }
     [[nodiscard]] int FindAttribute(const CCorvaneTypeView* view) const; // -1 for none; never looks into it.
@@ -136,6 +135,8 @@ private:
     void LeaveEdit();
     void PlaceEditor();
     [[nodiscard]] QRect GetEditCell(const CCorvaneTypeView& view, int index) const;
+    // Runs a handler of the view and does what it asks.
+    void Hand(const CRef<CCorvaneTypeView>& view, const std::function<EViewUpdate()>& handler);
     [[nodiscard]] bool RunKey(int key);
     void MoveSelection(bool down);
     void ScrollBy(int lines);

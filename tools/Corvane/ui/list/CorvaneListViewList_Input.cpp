@@ -70,10 +70,13 @@ void CCorvaneListViewList::EndEdit(bool commit, bool force)
     const bool hadFocus = dialog != nullptr && dialog->Owns(QApplication::focusWidget());
     LeaveEdit();
     EViewUpdate update = EViewUpdate::Repaint;
+    const QPointer<CCorvaneListViewList> guard(this); // A check-out may ask, and time passes.
     if (commit)
         update = view->EndEdit();
     else
         view->CancelEdit();
+    if (!guard)
+        return;
     if (hadFocus)
         setFocus();
     ApplyUpdate(*view, update);
@@ -154,21 +157,27 @@ bool CCorvaneListViewList::focusNextPrevChild(bool next)
     return !hasFocus() || QWidget::focusNextPrevChild(next);
 }
 
+void CCorvaneListViewList::Hand(const CRef<CCorvaneTypeView>& view,
+                                const std::function<EViewUpdate()>& handler)
+{
+    // What a view does may ask the user, and this list may go meanwhile.
+    const QPointer<CCorvaneListViewList> guard(this);
+    const EViewUpdate update = handler();
+    if (!guard || update == EViewUpdate::None)
+        return;
+    ApplyUpdate(*view, update);
+    OnSelectionChanged();
+}
+
 void CCorvaneListViewList::keyPressEvent(QKeyEvent* event)
 {
     Flush();
-    if (CCorvaneTypeView* view = GetSelectedRow())
-    {
-        const CRef<CCorvaneTypeView> keep(view);
-        const EViewUpdate update = view->OnKeyDown(*event);
-        if (update != EViewUpdate::None)
-        {
-            ApplyUpdate(*view, update);
-            OnSelectionChanged();
-            return;
-        }
-    }
-    if (!RunKey(event->key()))
+    EViewUpdate update = EViewUpdate::None;
+    const CRef<CCorvaneTypeView> view(GetSelectedRow());
+    const QPointer<CCorvaneListViewList> guard(this);
+    if (view)
+        Hand(view, [&] { return update = view->OnKeyDown(*event); });
+    if (guard && update == EViewUpdate::None && !RunKey(event->key()))
         QWidget::keyPressEvent(event);
 }
 
@@ -260,11 +269,13 @@ void CCorvaneListViewList::mousePressEvent(QMouseEvent* event)
     const CRef<CCorvaneTypeView> view(GetSelectedRow());
     if (GetItemRect(m_nSelected, rect) < 0)
         return;
-    const EViewUpdate update = event->button() == Qt::LeftButton
-                                   ? view->OnLButtonDown(rect, event->pos(), event->modifiers())
-                                   : view->OnRButtonDown(rect, event->pos());
-    ApplyUpdate(*view, update);
-    OnSelectionChanged();
+    const bool left = event->button() == Qt::LeftButton;
+    Hand(view,
+         [&]
+         {
+             return left ? view->OnLButtonDown(rect, event->pos(), event->modifiers())
+                         : view->OnRButtonDown(rect, event->pos());
+         });
 }
 
 void CCorvaneListViewList::mouseDoubleClickEvent(QMouseEvent* event)
@@ -276,8 +287,7 @@ void CCorvaneListViewList::mouseDoubleClickEvent(QMouseEvent* event)
         return;
     SetSelection(index);
     const CRef<CCorvaneTypeView> view(GetSelectedRow());
-    ApplyUpdate(*view, view->OnLButtonDblClk(rect, event->pos()));
-    OnSelectionChanged();
+    Hand(view, [&] { return view->OnLButtonDblClk(rect, event->pos()); });
 }
 
 void CCorvaneListViewList::contextMenuEvent(QContextMenuEvent* event)
@@ -288,6 +298,8 @@ void CCorvaneListViewList::contextMenuEvent(QContextMenuEvent* event)
         return;
     // The key opens the menu at the row that it is for.
     const bool byKey = event->reason() != QContextMenuEvent::Mouse;
+    if (!byKey && HitTest(event->pos().y()) < 0)
+        return;
     m_Hooks.m_OnPopup(byKey ? mapToGlobal(GetSelectedRow()->GetActiveRect(rect).center())
                             : event->globalPos());
 }

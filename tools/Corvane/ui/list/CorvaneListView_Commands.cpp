@@ -113,8 +113,10 @@ void CCorvaneListView::MoveDown()
 
 void CCorvaneListView::MoveValue(bool up)
 {
-    CCorvaneTypeView* view = GetTarget();
-    if (view == nullptr || !view->MoveValue(up))
+    // A check-out may ask, and the window may go meanwhile.
+    const CRef<CCorvaneTypeView> view(GetTarget());
+    const QPointer<CCorvaneListView> guard(this);
+    if (!view || !view->MoveValue(up) || !guard)
         return;
     m_pList->Flush();
     m_pList->MakeSelectionVisible();
@@ -130,8 +132,9 @@ void CCorvaneListView::GetDeleteState(SCommandState& state) const
 
 void CCorvaneListView::Delete()
 {
-    CCorvaneTypeView* view = GetTarget();
-    if (view == nullptr || !view->DeleteValue())
+    const CRef<CCorvaneTypeView> view(GetTarget());
+    const QPointer<CCorvaneListView> guard(this);
+    if (!view || !view->DeleteValue() || !guard)
         return;
     m_pList->Flush();
     m_pList->MakeSelectionVisible();
@@ -185,13 +188,13 @@ void CCorvaneListView::GetLockState(SCommandState& state) const
 
 void CCorvaneListView::ToggleLock()
 {
-    if (CCorvaneTypeView* view = GetTarget())
-    {
-        const CRef<CCorvaneType> attrib(&view->GetParentType());
-        if (!attrib->EditLock(!attrib->IsLocked(), false))
-            return;
+    CCorvaneTypeView* view = GetTarget();
+    if (view == nullptr)
+        return;
+    const CRef<CCorvaneType> attrib(&view->GetParentType());
+    const QPointer<CCorvaneListView> guard(this);
+    if (attrib->EditLock(!attrib->IsLocked(), false) && guard)
         m_pList->InvalidateHeights();
-    }
 }
 
 void CCorvaneListView::GetReferenceState(SCommandState& state) const
@@ -249,8 +252,9 @@ void CCorvaneListView::TogglePlaceHolder()
 
 void CCorvaneListView::RunOnAttribute(bool (CCorvaneType::*edit)(bool), bool on)
 {
-    const CRef<CCorvaneType> attrib(&GetTarget()->GetParentType()); // A check-out may ask, and time passes.
-    if (((*attrib).*edit)(on))
+    const CRef<CCorvaneType> attrib(&GetTarget()->GetParentType());
+    const QPointer<CCorvaneListView> guard(this);
+    if (((*attrib).*edit)(on) && guard)
         m_pList->InvalidateHeights();
 }
 
@@ -315,7 +319,11 @@ void CCorvaneListView::ImmediateDelete()
     if (view == nullptr)
         return;
     const CRef<CCorvaneType> attrib(&view->GetParentType());
-    if (DeleteFromSchema(*attrib))
+    const QPointer<CCorvaneListView> guard(this);
+    const bool deleted = DeleteFromSchema(*attrib);
+    if (!guard)
+        return;
+    if (deleted)
         m_pList->InvalidateRows();
     m_pList->InvalidateHeights();
 }

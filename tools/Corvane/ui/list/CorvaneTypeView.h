@@ -182,6 +182,8 @@ protected:
     [[nodiscard]] QPoint GetClickPoint() const { return m_ClickPoint; }
     void SetClickPoint(const QPoint& point) { m_ClickPoint = point; }
     [[nodiscard]] int GetEditedItem() const { return m_nEditedItem; }
+    // What the undo menu says of an edit; `action` is one of the words of UndoText.h.
+    [[nodiscard]] std::u16string GetUndoText(std::u16string_view action, std::u16string_view value) const;
     // Runs `change` in an undo group; tells the other views and the lists of referencees when it is true.
     bool RunEdit(std::u16string_view action, std::u16string_view value, const std::function<bool()>& change);
     // A click into a column of the header row that switches a mark.

@@ -210,6 +210,11 @@ bool CCorvaneTypeView::ApplySet(std::size_t index, std::u16string_view text)
     return m_pParentType->SetValue(index, text);
 }
 
+std::u16string CCorvaneTypeView::GetUndoText(std::u16string_view action, std::u16string_view value) const
+{
+    return GetValueUndoText(action, m_pParentType->GetName(), value);
+}
+
 bool CCorvaneTypeView::RunEdit(std::u16string_view action, std::u16string_view value,
                                const std::function<bool()>& change)
 {
@@ -218,7 +223,7 @@ bool CCorvaneTypeView::RunEdit(std::u16string_view action, std::u16string_view v
     CUndoScope scope(m_pList->GetFrame().GetEditor().GetApplication().GetUndo());
     if (!scope.IsOpen() || !change())
         return false;
-    scope.Accept(GetValueUndoText(action, attrib->GetName(), value));
+    scope.Accept(GetUndoText(action, value));
     attrib->NotifyViews(nullptr, kViewValueChanged);
     return true;
 }
