@@ -7,7 +7,7 @@ build_packages=(
   g++ cmake ninja-build ccache mold pkg-config
   libicu-dev uuid-dev libglib2.0-dev libflatbuffers-dev flatbuffers-compiler
   libgtest-dev libgmock-dev libbenchmark-dev gettext zlib1g-dev
-  qt6-base-dev qt6-svg-dev qt6-multimedia-dev libgl-dev fonts-dejavu-core
+  qt6-base-dev qt6-svg-dev qt6-multimedia-dev libgl-dev fonts-dejavu-core dbus-daemon
   gstreamer1.0-plugins-base gstreamer1.0-plugins-good
 )
 extended_packages=(clang-14 clang-tidy-14 clang-format-14 libclang-rt-14-dev strace)

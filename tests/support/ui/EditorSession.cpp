@@ -1,0 +1,32 @@
+#include "EditorSession.h"
+
+// As a user finds it who never changed a setting.
+CEditorSession::CEditorSession(IQuestions& questions) : m_Session(questions)
+{
+    m_Session.GetRun().Set(APP_EXPAND);
+}
+
+CEditorSession::~CEditorSession()
+{
+    m_Document.OnCloseDocument();
+    m_Session.GetRun().Set(APP_CLOSING);
+    static_cast<void>(m_Session.GetManager().CloseDatabase());
+}
+
+CCorvaneDoc* CEditorSession::OpenDocumentFile(std::u16string_view path)
+{
+    if (!m_Document.OnOpenDocument(path))
+        return nullptr;
+    m_RecentFiles.Add(path);
+    return &m_Document;
+}
+
+bool CEditorSession::BeginClose()
+{
+    CRunState& run = m_Session.GetRun();
+    run.Set(APP_CLOSING);
+    const bool closes = m_Session.GetManager().AskSaveChanges();
+    if (!closes)
+        run.Set(APP_CLOSING, false);
+    return closes;
+}
