@@ -82,7 +82,12 @@ CCorvaneTreeView::CCorvaneTreeView(IEditorFrame& frame, QWidget* parent)
     m_pTree->expand(m_pModel->index(0, 0));
 }
 
-CCorvaneTreeView::~CCorvaneTreeView() = default;
+// The frame may be on its way out, too: an editor that ends with the tree has nobody to tell.
+CCorvaneTreeView::~CCorvaneTreeView()
+{
+    m_pTree->m_Hooks = {};
+    m_pTree->GetDelegate().m_OnEditorGone = nullptr;
+}
 
 void CCorvaneTreeView::CreateControls()
 {
@@ -219,7 +224,8 @@ void CCorvaneTreeView::OnObjectComplete(const CTreeItem& item)
 {
     const bool byUser =
         !m_pModel->IsRefreshing() && !m_Manager.GetContext().m_Run.Test(APP_RELOADING | APP_CLOSING);
-    if (!byUser || item.IsNone() || !item.GetDestination()->IsAttached())
+    const CCorvaneCategory* category = item.GetDestination();
+    if (!byUser || category == nullptr || !category->IsAttached())
         return;
     if (CTreeLabelEdit::IsAllowed(item))
         m_pLabelEdit->BeginLater(item);
