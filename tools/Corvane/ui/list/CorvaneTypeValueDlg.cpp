@@ -11,6 +11,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 #include <limits>
+#include <qdrawutil.h>
 #include <utility>
 #include <vector>
 
@@ -141,8 +142,8 @@ void CCorvaneTypeValueDlg::wheelEvent(QWheelEvent* event)
 void CCorvaneTypeValueDlg::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
-    painter.setPen(CTheme::Get().GetColor(EThemeColor::Accent));
-    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    // A pen would lie half outside at a scale of two, and half below the fields.
+    qDrawPlainRect(&painter, rect(), CTheme::Get().GetColor(EThemeColor::Accent));
 }
 
 bool CCorvaneTypeValueDlg::focusNextPrevChild(bool next)
