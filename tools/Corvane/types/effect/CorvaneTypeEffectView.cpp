@@ -15,6 +15,12 @@ CCorvaneTypeValueDlg* CCorvaneTypeEffectView::CreateValueDialog(QWidget* parent)
     return effects != nullptr ? new CCorvaneTypeEffectValueDlg(*this, *effects, parent) : nullptr;
 }
 
+std::u16string CCorvaneTypeEffectView::GetEditText(int item) const
+{
+    std::u16string text = CCorvaneTypeView::GetEditText(item);
+    return text.empty() ? std::u16string(kNoEffect) : text;
+}
+
 bool CCorvaneTypeEffectView::ApplyAdd(std::u16string_view text)
 {
     return CCorvaneTypeView::ApplyAdd(EqualNames(text, kNoEffect) ? std::u16string_view() : text);

@@ -12,6 +12,8 @@ public:
 
 protected:
     [[nodiscard]] CCorvaneTypeValueDlg* CreateValueDialog(QWidget* parent) override;
+    // The list shows no effect as a word.
+    [[nodiscard]] std::u16string GetEditText(int item) const override;
     // Stored as SetValue stores: no effect is the empty text.
     [[nodiscard]] bool ApplyAdd(std::u16string_view text) override;
 

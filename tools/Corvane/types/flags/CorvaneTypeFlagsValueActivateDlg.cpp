@@ -54,6 +54,10 @@ CCorvaneTypeFlagsValueActivateDlg::CCorvaneTypeFlagsValueActivateDlg(std::u16str
     setWindowTitle(QStringLiteral("Flags"));
     AddBoxes(*m_pGrid, flags);
     MakeLayout(attribute);
+    const QList<QCheckBox*> boxes = findChildren<QCheckBox*>();
+    const auto first = std::find_if(boxes.begin(), boxes.end(), [](auto* box) { return box->isEnabled(); });
+    if (first != boxes.end())
+        (*first)->setFocus();
 }
 
 void CCorvaneTypeFlagsValueActivateDlg::AddBoxes(QGridLayout& grid, std::span<const SFlag> flags)

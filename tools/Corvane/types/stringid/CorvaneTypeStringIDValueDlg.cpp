@@ -27,25 +27,20 @@ CCorvaneTypeStringIDValueDlg::CCorvaneTypeStringIDValueDlg(CCorvaneTypeView& vie
     AddButton("clear", QStringLiteral("Clear"),
               [this]
               {
-                  SetValueText(ToQString(kNoStringID));
+                  ShowText(ToQString(kNoStringID));
                   Accept();
               });
     connect(GetLineEdit(), &QLineEdit::textEdited, this, [this](const QString& typed) { Update(typed); });
-    m_pDropList->SetPickCallback([this](const QString& identifier) { SetValueText(identifier); });
+    m_pDropList->SetPickCallback([this](const QString& identifier) { ShowText(identifier); });
 }
 
 CCorvaneTypeStringIDValueDlg::~CCorvaneTypeStringIDValueDlg() = default;
 
-void CCorvaneTypeStringIDValueDlg::SetValueText(const QString& text)
+void CCorvaneTypeStringIDValueDlg::ShowText(const QString& text)
 {
     // The limit is one of typing: an identifier that is longer is not cut.
     GetLineEdit()->setMaxLength(std::max(kLongestTyped, static_cast<int>(text.size())));
-    GetLineEdit()->setText(text);
-}
-
-void CCorvaneTypeStringIDValueDlg::ShowText(const QString& text)
-{
-    SetValueText(text);
+    CCorvaneTypeButtonsValueDlg::ShowText(text);
 }
 
 QString CCorvaneTypeStringIDValueDlg::ReadText() const

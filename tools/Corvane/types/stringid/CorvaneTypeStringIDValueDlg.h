@@ -23,7 +23,6 @@ protected:
     [[nodiscard]] QString ReadText() const override;
 
 private:
-    void SetValueText(const QString& text);
     void Update(const QString& typed);
     [[nodiscard]] bool FindTable();
 

@@ -1,7 +1,9 @@
 #include "views/CorvaneTypeButtonsValueDlg.h"
 
 #include "IconSet.h"
+#include "LongText.h"
 #include "Theme.h"
+#include "TipText.h"
 
 #include <QBoxLayout>
 #include <QKeyEvent>
@@ -61,4 +63,9 @@ void CCorvaneTypeButtonsValueDlg::AddButton(const char* icon, const QString& nam
                 if (alive && isVisible())
                     GetLineEdit()->setFocus();
             });
+}
+
+void CCorvaneTypeButtonsValueDlg::ShowText(const QString& text)
+{
+    GetLineEdit()->setText(LimitText(text, kLongLine));
 }

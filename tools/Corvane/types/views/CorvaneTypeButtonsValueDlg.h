@@ -13,4 +13,7 @@ protected:
     // `name` is the button's object name, tip and accessible name. The editor stays open while `run` runs,
     // and the line gets the focus back. `run` may see the editor go when it lets events pass.
     void AddButton(const char* icon, const QString& name, std::function<void()> run);
+    // A text that no path and no identifier has the length of is cut in the line: laid out whole, it would
+    // hold up every key. It stays whole as long as nothing is typed.
+    void ShowText(const QString& text) override;
 };

@@ -19,7 +19,7 @@ void CCorvaneTypeNumbersValueDlg::AddField(const QString& name, const QString& l
     text->setBuddy(field);
     auto* box = new QHBoxLayout(column);
     box->setContentsMargins(CTheme::kGrid, 0, 0, 0);
-    box->setSpacing(0);
+    box->setSpacing(CTheme::kGrid / 2);
     box->addWidget(text);
     box->addWidget(field, 1);
     m_Fields.push_back(field);
