@@ -68,13 +68,7 @@ CBaseFrame::CBaseFrame(CMainFrame& main, CCorvaneMgr& manager, CUndoMgr& undo)
             &CBaseFrame::OnIdle);
 }
 
-CBaseFrame::~CBaseFrame()
-{
-    // Panes ask for nothing any more while they go.
-    m_pCommands->SetFrameTarget(nullptr);
-    m_pCommands->SetActivePane(nullptr);
-    m_pList->SetDocument(nullptr);
-}
+CBaseFrame::~CBaseFrame() = default;
 
 void CBaseFrame::CreatePanes()
 {
@@ -83,6 +77,14 @@ void CBaseFrame::CreatePanes()
     // A key works also where no menu or bar has the command.
     for (const SCommand& command : GetCommands())
         static_cast<void>(m_pCommands->Get(command.m_nId));
+}
+
+void CBaseFrame::DestroyPanes()
+{
+    disconnect(qApp, nullptr, this, nullptr);
+    m_pCommands->SetFrameTarget(nullptr);
+    m_pCommands->SetActivePane(nullptr);
+    delete m_pList;
 }
 
 const CCorvaneContext& CBaseFrame::GetContext() const

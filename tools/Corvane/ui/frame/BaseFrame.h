@@ -68,8 +68,10 @@ protected:
 
     // `main` is the main window itself in its own case; it outlives all others. The manager is already there.
     CBaseFrame(CMainFrame& main, CCorvaneMgr& manager, CUndoMgr& undo);
-    // Panes ask their frame for the editor, so that a frame makes them at the end of its own construction.
+    // Panes ask their frame for the editor, so that a frame makes them when it has been constructed itself, and
+    // deletes them ahead of its own end.
     void CreatePanes();
+    void DestroyPanes();
 
     // The list above the help pane.
     [[nodiscard]] CRatioSplitter& GetListSplitter() { return *m_pListSplitter; }

@@ -11,6 +11,7 @@
 #include "FrameMenus.h"
 #include "IconSet.h"
 #include "Profile.h"
+#include "ProgressModalDlg.h"
 #include "QtText.h"
 #include "RatioSplitter.h"
 #include "RecordFrame.h"
@@ -64,6 +65,8 @@ CMainFrame::~CMainFrame()
 {
     for (CRecordFrame* frame : GetRecordFrames())
         delete frame;
+    delete m_pTree;
+    DestroyPanes();
 }
 
 void CMainFrame::MakeMenus()
@@ -174,8 +177,12 @@ void CMainFrame::closeEvent(QCloseEvent* event)
         m_Pump.Cancel();
         return;
     }
-    if (QApplication::activeModalWidget() != nullptr)
+    if (QWidget* modal = QApplication::activeModalWidget())
+    {
+        if (auto* work = dynamic_cast<CProgressModalDlg*>(modal))
+            work->reject();
         return;
+    }
     EndAllEdits();
     if (!m_Application.BeginClose())
         return;

@@ -76,7 +76,7 @@ private:
     // Documents (MainFrame_Record).
     [[nodiscard]] std::shared_ptr<CCorvaneDoc> FindDocument(const CCorvaneRecord& record) const;
     [[nodiscard]] std::shared_ptr<CCorvaneDoc> TakeFreeDocument() const;
-    [[nodiscard]] bool IsUsed(const CCorvaneDoc& document) const;
+    [[nodiscard]] bool IsUsedByRecordFrame(const CCorvaneDoc& document) const;
     [[nodiscard]] CRecordFrame* FindRecordFrame(const CCorvaneRecord& record) const;
     void CloseRecordFrames();
 

@@ -10,6 +10,12 @@
 
 #include <algorithm>
 
+namespace
+{
+constexpr std::size_t kCascade = 8; // Windows until one lies where the first does.
+constexpr QPoint kCascadeStep(24, 24);
+} // namespace
+
 std::vector<CRecordFrame*> CMainFrame::GetRecordFrames() const
 {
     std::vector<CRecordFrame*> frames;
@@ -35,27 +41,25 @@ CRecordFrame* CMainFrame::FindRecordFrame(const CCorvaneRecord& record) const
     return found != frames.end() ? *found : nullptr;
 }
 
-bool CMainFrame::IsUsed(const CCorvaneDoc& document) const
+bool CMainFrame::IsUsedByRecordFrame(const CCorvaneDoc& document) const
 {
     const std::vector<CRecordFrame*> frames = GetRecordFrames();
-    return GetDocument().get() == &document ||
-           std::any_of(frames.begin(), frames.end(),
+    return std::any_of(frames.begin(), frames.end(),
                        [&](const CRecordFrame* frame) { return frame->GetDocument().get() == &document; });
 }
 
 // The application's main document may have stayed with a record frame.
 std::shared_ptr<CCorvaneDoc> CMainFrame::TakeFreeDocument() const
 {
-    const std::vector<CRecordFrame*> frames = GetRecordFrames();
-    const bool taken =
-        std::any_of(frames.begin(), frames.end(),
-                    [this](const CRecordFrame* frame) { return frame->GetDocument() == m_pMainDocument; });
-    return taken ? std::make_shared<CCorvaneDoc>(m_Application.GetManager()) : m_pMainDocument;
+    for (const std::shared_ptr<CCorvaneDoc>& document : {m_pMainDocument, GetDocument()})
+        if (!IsUsedByRecordFrame(*document))
+            return document;
+    return std::make_shared<CCorvaneDoc>(m_Application.GetManager());
 }
 
 void CMainFrame::ReleaseDocument(const std::shared_ptr<CCorvaneDoc>& document)
 {
-    if (document && !IsUsed(*document))
+    if (document && document != GetDocument() && !IsUsedByRecordFrame(*document))
         document->SetRecord(nullptr);
 }
 
@@ -104,6 +108,8 @@ bool CMainFrame::OpenRecordFrame(CCorvaneRecord* record, bool /*writable*/)
     document->SetRecord(record);
     auto* frame = new CRecordFrame(*this, m_Application, std::move(document));
     std::erase_if(m_RecordFrames, [](const QPointer<CRecordFrame>& entry) { return !entry; });
+    // Windows that lie exactly on one another look like one.
+    frame->move(frame->pos() + static_cast<int>(m_RecordFrames.size() % kCascade) * kCascadeStep);
     m_RecordFrames.emplace_back(frame);
     frame->show();
     return true;

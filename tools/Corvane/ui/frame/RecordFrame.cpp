@@ -59,7 +59,10 @@ CRecordFrame::CRecordFrame(CMainFrame& main, ICorvaneApplication& application,
     RestoreBars(kBars);
 }
 
-CRecordFrame::~CRecordFrame() = default;
+CRecordFrame::~CRecordFrame()
+{
+    DestroyPanes();
+}
 
 IEditor& CRecordFrame::GetEditor()
 {

@@ -9,8 +9,6 @@ class QWidget;
 
 class CSignalCloser final : public QObject
 {
-    Q_OBJECT
-
 public:
     // One in a process. `window` is not owned.
     explicit CSignalCloser(QWidget& window);
