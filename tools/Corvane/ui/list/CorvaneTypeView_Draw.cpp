@@ -67,6 +67,14 @@ QString CutText(const QString& text)
     }
     return cut;
 }
+
+// The font, as much smaller as the text needs to fit.
+QFont FitFont(QFont font, const QString& text, int width)
+{
+    while (font.pointSizeF() > kMinBuildPoints && QFontMetrics(font).horizontalAdvance(text) > width)
+        font.setPointSizeF(font.pointSizeF() - 0.5);
+    return font;
+}
 } // namespace
 
 void CCorvaneTypeView::DrawCellText(QPainter& painter, const QRect& cell, const QString& text)
@@ -121,30 +129,26 @@ void CCorvaneTypeView::DrawHeader(QPainter& painter, const QRect& rect)
     painter.restore();
 }
 
+// Words show whole in a column that was measured for smaller fonts; only what has an end stands out.
 void CCorvaneTypeView::DrawBuildCell(QPainter& painter, const QRect& cell) const
 {
+    const QRect inner = cell.adjusted(kListTextMargin, 0, -kListTextMargin, 0);
     const CCorvaneMgr* manager = m_pParentType->GetManager();
-    painter.setPen(GetColor(EThemeColor::Deferred));
-    painter.setFont(CTheme::GetNameFont());
     if (manager == nullptr || !manager->GetContext().m_Run.Test(APP_EXPERT))
     {
-        DrawCellText(painter, cell, ToQString(GetDeferStateText(GetDeferState(*m_pParentType))));
+        const QString state = ToQString(GetDeferStateText(GetDeferState(*m_pParentType)));
+        painter.setPen(GetColor(EThemeColor::Deferred));
+        painter.setFont(FitFont(CTheme::GetNameFont(), state, inner.width()));
+        DrawCellText(painter, cell, state);
         return;
     }
     const SBuildRangeText text = GetBuildRangeText(*m_pParentType);
     const QString range = ToQString(text.m_sRange);
     const QString label = ToQString(text.m_sLabel);
-    const QRect inner = cell.adjusted(kListTextMargin, 0, -kListTextMargin, 0);
-    // Both parts show whole in a column that was measured for smaller fonts.
-    QFont font = CTheme::GetValueFont();
-    for (const QString both = label + range; font.pointSizeF() > kMinBuildPoints;
-         font.setPointSizeF(font.pointSizeF() - 0.5))
-    {
-        if (QFontMetrics(font).horizontalAdvance(both) + (label.isEmpty() ? 0 : kListTextMargin) <=
-            inner.width())
-            break;
-    }
-    painter.setFont(font);
+    if (!label.isEmpty())
+        painter.setPen(GetColor(EThemeColor::Deferred));
+    const int gap = label.isEmpty() ? 0 : kListTextMargin;
+    painter.setFont(FitFont(CTheme::GetValueFont(), label + range, inner.width() - gap));
     painter.drawText(inner, Qt::AlignRight | Qt::AlignAbsolute | Qt::AlignVCenter | Qt::TextSingleLine,
                      range);
     painter.drawText(inner, Qt::AlignLeft | Qt::AlignAbsolute | Qt::AlignVCenter | Qt::TextSingleLine, label);
