@@ -420,7 +420,9 @@ QString CCorvaneTypeStructView::GetDescription() const
     if (item == kAddItem)
         return QStringLiteral("%1, add a row").arg(name);
     if (item < 0)
-        return QStringLiteral("%1: %2 rows").arg(name, QString::number(GetValueCount()));
+        return QStringLiteral("%1: %2 %3")
+            .arg(name, QString::number(GetValueCount()),
+                 GetValueCount() == 1 ? QStringLiteral("row") : QStringLiteral("rows"));
     const QString row = QStringLiteral("%1, row %2").arg(name, QString::number(item + 1));
     return m_pMember ? row + QStringLiteral(", ") + m_pMember->GetDescription() : row;
 }
