@@ -211,7 +211,7 @@ void CCorvaneTypeRecordLinkValueActivateDlg::BuildPanes()
 void CCorvaneTypeRecordLinkValueActivateDlg::Restore()
 {
     CProfile& profile = m_Manager.GetContext().m_Profile;
-    resize(640, 440);
+    resize(720, 460);
     const CWindowPlacement placement(profile, kSection);
     placement.Keep(*this);
     placement.RestoreSplitter(*m_pSplitter, kSplitter, kSplitterRatio);
