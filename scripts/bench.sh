@@ -3,5 +3,6 @@
 # Arguments are handed to the benchmark; --help lists them.
 source "$(dirname "$0")/common.sh"
 install_packages "${build_packages[@]}"
-build release corvane-bench CorvaneCreator >&2
-exec build/release/bin/corvane-bench --output bench/results.json "$@"
+build release corvane-bench corvane-ui-bench CorvaneCreator >&2
+build/release/bin/corvane-bench --output bench/results.json "$@"
+build/release/bin/corvane-ui-bench

@@ -173,11 +173,12 @@ void TakeSheets(SScene& scene)
 
 void TakeBuildDialogs(SScene& scene)
 {
-    TakeDialog<CBuildDlg>(scene, "compile", scene.m_Frame, 0U, std::int64_t{-1}, u"");
+    TakeDialog<CBuildDlg>(scene, "compile", scene.m_Frame, 0U, std::int64_t{-1},
+                          scene.GetManager().GetRootFile().m_sBuild);
     {
         // The larger form does not ask whether it may be shown.
         scene.GetManager().GetContext().m_Profile.SetInteger(u"General", u"Warning.Advanced.Settings", 1);
-        CBuildDlg dialog(scene.m_Frame, 0, -1, u"", &scene.m_Frame);
+        CBuildDlg dialog(scene.m_Frame, 0, -1, scene.GetManager().GetRootFile().m_sBuild, &scene.m_Frame);
         dialog.show();
         if (auto* more = dialog.findChild<QPushButton*>(QStringLiteral("Advanced")))
             more->click();
