@@ -12,7 +12,8 @@ namespace
 {
 int RunPostBuild(const std::string& arguments)
 {
-    const std::string command = std::string("'") + OUTPOST_POSTBUILD + "' " + arguments + " >/dev/null 2>&1";
+    std::string command = "'";
+    command.append(OUTPOST_POSTBUILD).append("' ").append(arguments).append(" >/dev/null 2>&1");
     const int status = std::system(command.c_str());
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }

@@ -102,7 +102,7 @@ std::u16string GetApplicationDataDirectory()
 
 std::u16string GetProfilePath()
 {
-    return JoinPath(JoinPath(GetApplicationDataDirectory(), kMaker), std::u16string(kProgram) + u".ini");
+    return JoinPath(JoinPath(GetApplicationDataDirectory(), kMaker), std::u16string(kProgram).append(u".ini"));
 }
 
 std::u16string GetPerUserFilePath(std::u16string_view databaseId)

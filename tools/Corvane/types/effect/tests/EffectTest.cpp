@@ -59,7 +59,7 @@ TEST(EffectList, IsThatOfTheFilesInTheirOrder)
 TEST(EffectList, EachDatabaseHasItsOwnProjectsEffects)
 {
     CTestAttribute test(u"Effect", {u"Default=Mine"});
-    test.m_Scratch.WriteBytes(std::string(kFolder) + "a.Fx00p", MakeEffectFile({"MINE"}));
+    test.m_Scratch.WriteBytes(std::string(kFolder).append("a.Fx00p"), MakeEffectFile({"MINE"}));
     std::filesystem::copy(test.m_Scratch.GetPath() / "Game", test.m_Scratch.GetPath() / "Second",
                           std::filesystem::copy_options::recursive);
     test.m_Scratch.WriteBytes("Second/Data/VisualFX/a.Fx00p", MakeEffectFile({"Theirs"}));
@@ -72,7 +72,7 @@ TEST(EffectList, EachDatabaseHasItsOwnProjectsEffects)
 TEST(Effect, NoEffectHasManySpellings)
 {
     CTestAttribute test(u"Effect", {u"Values=-1"});
-    test.m_Scratch.WriteBytes(std::string(kFolder) + "a.Fx00p", MakeEffectFile({"Spark"}));
+    test.m_Scratch.WriteBytes(std::string(kFolder).append("a.Fx00p"), MakeEffectFile({"Spark"}));
     ASSERT_TRUE(test.Open());
     test.Set({u"<NONE>", u"<NONE>", u"sPARK", u"Gone"});
     EXPECT_EQ(test.CTestAttribute::Get().GetOwnValues().Get(0), u"");
