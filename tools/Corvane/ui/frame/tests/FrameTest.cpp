@@ -291,7 +291,9 @@ TEST_F(CFrameTest, RootFilesComeFromADialogADropAndTheList)
 TEST_F(CFrameTest, ACompileGoesThroughItsDialogAndACancelEndsTheWaitForAStep)
 {
     m_Database.Close();
-    m_Database.m_Scratch.WriteBytes("program/step", "#!/bin/sh\nwhile [ ! -e go ]; do sleep 0.01; done\n");
+    // It ends with its directory at the latest: a step that nobody waits for keeps the test's output open.
+    m_Database.m_Scratch.WriteBytes("program/step",
+                                    "#!/bin/sh\nwhile [ ! -e go ] && [ -e step ]; do sleep 0.01; done\n");
     std::filesystem::permissions(m_Database.m_Scratch.GetPath() / "program/step",
                                  std::filesystem::perms::owner_all);
     m_Database.m_Scratch.WriteBytes("Game/Game.proj00",
