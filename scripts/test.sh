@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Installs what is missing, builds and runs every test in the release and the sanitizer build.
-# --extended adds the thread sanitizer over the workers, 100,000 random operations, Clang with its linter over what changed, and the fuzzers
-# for a minute each.
+# Installs what is missing, builds and runs every test with the address and undefined-behaviour sanitizers.
+# --extended adds the same tests in the release build, the thread sanitizer over the workers, 100,000 random
+# operations, Clang with its linter over what changed, and the fuzzers for a minute each.
 source "$(dirname "$0")/common.sh"
 
 extended=false
@@ -20,12 +20,12 @@ run_tests() {
   ctest --test-dir "build/$preset" --output-on-failure -j "$(nproc)" --no-tests=error "$@"
 }
 
-for preset in release asan; do
-  build "$preset"
-  run_tests "$preset"
-done
+build asan
+run_tests asan
 
 if $extended; then
+  build release
+  run_tests release
   build tsan compile_tests
   run_tests tsan -R 'Worker|PostBuild|DependencyOutput|OverrideOutput'
   build/asan/bin/operations-driver --count 100000 --seed "$(date +%Y%m%d)"
