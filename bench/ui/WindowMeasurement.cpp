@@ -240,7 +240,7 @@ void CWindowRun::TypeLetter(char letter)
     while (view.GetFiltering().IsBusy())
     {
         const CClock::time_point slice = CClock::now();
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        QCoreApplication::processEvents();
         m_Result.m_nSliceMs = std::max(m_Result.m_nSliceMs, GetMs(slice));
     }
     m_Result.m_nFilterMs = std::max(m_Result.m_nFilterMs, GetMs(start));

@@ -123,6 +123,13 @@ CCorvaneAttrib::SExtra& CCorvaneAttrib::GetExtra()
     return *m_pExtra;
 }
 
+void CCorvaneAttrib::DropEmptyExtra()
+{
+    if (m_pExtra && m_pExtra->m_sComment.empty() && m_pExtra->m_sLockUser.empty() &&
+        m_pExtra->m_Views.empty())
+        m_pExtra.reset();
+}
+
 std::u16string_view CCorvaneAttrib::GetComment() const
 {
     return m_pExtra ? std::u16string_view(m_pExtra->m_sComment) : std::u16string_view(u"");

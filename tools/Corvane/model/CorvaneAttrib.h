@@ -219,6 +219,8 @@ protected:
 
     [[nodiscard]] const std::string& GetNarrowName() const;
     [[nodiscard]] SExtra& GetExtra();
+    // Gives the block up once nothing is in it: every attribute that was ever shown would keep one.
+    void DropEmptyExtra();
     [[nodiscard]] const SExtra* FindExtra() const { return m_pExtra.get(); }
     [[nodiscard]] bool IsInheriting() const;
     // Null for a member whose row the parent record does not have; such a one has its own values.

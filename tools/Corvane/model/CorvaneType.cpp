@@ -79,14 +79,18 @@ void CCorvaneType::AddView(CRef<ICorvaneTypeView> view)
 
 void CCorvaneType::DestroyViewsOfOwner(const void* owner)
 {
-    if (FindExtra())
-        std::erase_if(GetExtra().m_Views, [owner](const auto& view) { return view->GetOwner() == owner; });
+    if (!FindExtra())
+        return;
+    std::erase_if(GetExtra().m_Views, [owner](const auto& view) { return view->GetOwner() == owner; });
+    DropEmptyExtra();
 }
 
 void CCorvaneType::DestroyView(const ICorvaneTypeView& view)
 {
-    if (FindExtra())
-        std::erase_if(GetExtra().m_Views, [&view](const auto& held) { return held == &view; });
+    if (!FindExtra())
+        return;
+    std::erase_if(GetExtra().m_Views, [&view](const auto& held) { return held == &view; });
+    DropEmptyExtra();
 }
 
 ICorvaneTypeView* CCorvaneType::GetViewOfOwner(const void* owner) const
