@@ -262,7 +262,7 @@ TEST_F(CFrameTest, RootFilesComeFromADialogADropAndTheList)
         QCoreApplication::processEvents();
         return enter.isAccepted();
     };
-    EXPECT_FALSE(drop(u"/tmp/some.txt"));
+    EXPECT_FALSE(drop(u"/some/notes.txt"));
     EXPECT_TRUE(drop(u"/none/There.GAMDB00S"));
     EXPECT_EQ(m_Database.GetTitles(), "Open Failed;");
     EXPECT_TRUE(Manager().IsOpen()) << "a file that is not there leaves the open database alone";
