@@ -4,45 +4,16 @@
 #include "ChildRun.h"
 #include "GeneratedTree.h"
 #include "Results.h"
+#include "WorkDirectory.h"
 
 #include <fstream>
 #include <iostream>
 #include <stdexcept>
-#include <unistd.h>
 
 namespace
 {
 constexpr int kFailed = 1;
 constexpr int kWrongUse = 2;
-
-// A directory of our own for what is generated, unless the user names one.
-class CWorkDirectory
-{
-public:
-    explicit CWorkDirectory(const std::filesystem::path& given) : m_Path(given), m_bOwn(given.empty())
-    {
-        if (!m_bOwn)
-            return;
-        std::string name = (std::filesystem::temp_directory_path() / "corvane-bench-XXXXXX").string();
-        if (::mkdtemp(name.data()) == nullptr)
-            throw std::runtime_error("No directory could be made below the temporary one.");
-        m_Path = name;
-    }
-    ~CWorkDirectory()
-    {
-        std::error_code error;
-        if (m_bOwn)
-            std::filesystem::remove_all(m_Path, error);
-    }
-    CWorkDirectory(const CWorkDirectory&) = delete;
-    CWorkDirectory& operator=(const CWorkDirectory&) = delete;
-
-    [[nodiscard]] const std::filesystem::path& GetPath() const { return m_Path; }
-
-private:
-    std::filesystem::path m_Path;
-    bool m_bOwn;
-};
 
 SMeasurement MeasureInChild(EMeasure kind, const std::filesystem::path& tree, std::size_t records)
 {

@@ -59,7 +59,7 @@ include(GoogleTest)
 
 # corvane_precompile(<target> <set>)
 # Lets a target start from the parsed headers of a set: Core, Test, Ui or UiTest. The first target of a set makes
-# it, which saves half of a whole build's time; a build that is changed by hand does without.
+# it, and no source parses them again; a build that is changed by hand does without.
 function(corvane_precompile target set)
   if(NOT CORVANE_PRECOMPILED)
     return()

@@ -6,6 +6,7 @@
 #include "Theme.h"
 #include "TypeViewRegistry.h"
 #include "WindowMeasurement.h"
+#include "WorkDirectory.h"
 
 #include <QApplication>
 #include <charconv>
@@ -13,7 +14,6 @@
 #include <iomanip>
 #include <iostream>
 #include <stdexcept>
-#include <unistd.h>
 #include <vector>
 
 namespace
@@ -60,14 +60,6 @@ constexpr SRow kRows[] = {
     {"heap growth a record opened and closed", "bytes", 0,
      [](const SWindowMeasurement& m) { return m.m_nGrowthBytes; }},
 };
-
-std::filesystem::path MakeWorkDirectory()
-{
-    std::string name = (std::filesystem::temp_directory_path() / "corvane-ui-bench-XXXXXX").string();
-    if (::mkdtemp(name.data()) == nullptr)
-        throw std::runtime_error("No directory could be made below the temporary one.");
-    return name;
-}
 
 SSizeResult MeasureSize(const std::filesystem::path& directory, std::size_t records)
 {
@@ -153,12 +145,11 @@ int main(int argc, char** argv)
     }
     try
     {
-        const std::filesystem::path directory = MakeWorkDirectory();
+        const CWorkDirectory directory;
         std::vector<SSizeResult> results;
         for (const std::size_t records : sizes)
-            results.push_back(MeasureSize(directory, records));
+            results.push_back(MeasureSize(directory.GetPath(), records));
         Print(results);
-        std::filesystem::remove_all(directory);
         return 0;
     }
     catch (const std::exception& failure)

@@ -20,13 +20,3 @@ CCorvaneDoc* CEditorSession::OpenDocumentFile(std::u16string_view path)
     m_RecentFiles.Add(path);
     return &m_Document;
 }
-
-bool CEditorSession::BeginClose()
-{
-    CRunState& run = m_Session.GetRun();
-    run.Set(APP_CLOSING);
-    const bool closes = m_Session.GetManager().AskSaveChanges();
-    if (!closes)
-        run.Set(APP_CLOSING, false);
-    return closes;
-}

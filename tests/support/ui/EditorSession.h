@@ -23,9 +23,7 @@ public:
     [[nodiscard]] CRecentFileList& GetRecentFiles() override { return m_RecentFiles; }
     [[nodiscard]] CCorvaneDoc* GetDocument() override { return &m_Document; }
     CCorvaneDoc* OpenDocumentFile(std::u16string_view path) override;
-    [[nodiscard]] bool BeginClose() override;
-
-    [[nodiscard]] CCorvaneSession& GetSession() { return m_Session; }
+    [[nodiscard]] bool BeginClose() override { return m_Session.BeginClose(); }
 
 private:
     CCorvaneSession m_Session;

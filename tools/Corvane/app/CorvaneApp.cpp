@@ -154,16 +154,6 @@ void CCorvaneApp::Run()
     ::sigwait(&signals, &received);
 }
 
-bool CCorvaneApp::BeginClose()
-{
-    m_Run.Set(APP_CLOSING);
-    if (m_Manager.AskSaveChanges())
-        return true;
-    // A run that goes on must ask its user again.
-    m_Run.Set(APP_CLOSING, false);
-    return false;
-}
-
 std::int32_t CCorvaneApp::ExitInstance()
 {
     m_Run.Set(APP_CLOSING);

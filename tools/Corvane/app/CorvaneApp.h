@@ -40,7 +40,7 @@ public:
     [[nodiscard]] CRecentFileList& GetRecentFiles() override { return m_RecentFiles; }
     [[nodiscard]] CCorvaneDoc* GetDocument() override { return m_pMainDocument.get(); }
     CCorvaneDoc* OpenDocumentFile(std::u16string_view path) override;
-    [[nodiscard]] bool BeginClose() override;
+    [[nodiscard]] bool BeginClose() override { return m_Session.BeginClose(); }
 
 private:
     struct CReleaseUi

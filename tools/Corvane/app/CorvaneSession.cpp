@@ -29,3 +29,13 @@ CCorvaneSession::CCorvaneSession(IQuestions& questions)
 }
 
 CCorvaneSession::~CCorvaneSession() = default;
+
+bool CCorvaneSession::BeginClose()
+{
+    m_Run.Set(APP_CLOSING);
+    if (m_Manager.AskSaveChanges())
+        return true;
+    // A run that goes on must ask its user again.
+    m_Run.Set(APP_CLOSING, false);
+    return false;
+}

@@ -40,6 +40,10 @@ public:
     [[nodiscard]] CUndoMgr& GetUndo() { return m_Undo; }
     [[nodiscard]] CCorvaneMgr& GetManager() { return m_Manager; }
 
+    // Marks the run as closing and asks for unsaved changes. False, with the mark taken back, when the user
+    // cancels or the save fails.
+    [[nodiscard]] bool BeginClose();
+
 private:
     CAssertLog m_AssertLog;
     CDiskFileSystem m_Files;
