@@ -2,6 +2,7 @@
 #include "BuildDlg.h"
 #include "CorvaneTreeModel.h"
 #include "CorvaneType.h"
+#include "NextDialog.h"
 #include "QtText.h"
 #include "RecordFrame.h"
 #include "SampleEditor.h"
@@ -17,35 +18,12 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QTableView>
-#include <QTimer>
 #include <functional>
 #include <gtest/gtest.h>
 #include <map>
 
 namespace
 {
-// Does something to the first modal window that comes up while the object lives.
-class CNextDialog
-{
-public:
-    explicit CNextDialog(std::function<void(QWidget&)> drive)
-    {
-        QObject::connect(&m_Timer, &QTimer::timeout, &m_Timer,
-                         [this, drive = std::move(drive)]
-                         {
-                             QWidget* dialog = QApplication::activeModalWidget();
-                             if (dialog == nullptr)
-                                 return;
-                             m_Timer.stop();
-                             drive(*dialog);
-                         });
-        m_Timer.start(1);
-    }
-
-private:
-    QTimer m_Timer;
-};
-
 void AcceptDialog(QWidget& dialog)
 {
     auto* buttons = dialog.findChild<QDialogButtonBox*>();

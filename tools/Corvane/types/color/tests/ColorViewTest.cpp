@@ -12,7 +12,7 @@ TEST_F(TypeEditor, ThePickerGivesAColour)
     };
     const auto pick = [&](int item, const std::function<void(QDialog&)>& act)
     {
-        OnDialog(act);
+        const CNextDialog user(act);
         EXPECT_EQ(m_pList->Edit(item), nullptr);
     };
     pick(0, change);

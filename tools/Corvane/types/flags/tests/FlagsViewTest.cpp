@@ -9,7 +9,7 @@ TEST_F(TypeEditor, CheckBoxesChangeTheFlagsThatHaveAName)
     Show("Traits").Type(0, QStringLiteral("0x13 z"));
     EXPECT_EQ(Value("Traits"), "0x00000013");
     m_pList->Edit(0);
-    OnDialog(
+    const CNextDialog ticks(
         [](QDialog& dialog)
         {
             const auto box = [&](const char* flag) { return dialog.findChild<QCheckBox*>(flag); };
@@ -25,7 +25,7 @@ TEST_F(TypeEditor, CheckBoxesChangeTheFlagsThatHaveAName)
     QTest::keyClick(Editor().findChild<QLineEdit*>("FlagsValue"), Qt::Key_Return);
     EXPECT_EQ(Value("Traits"), "0x80000012");
     m_pList->Edit(0);
-    OnDialog(
+    const CNextDialog leaves(
         [&](QDialog& dialog)
         {
             m_pList->EndEdit(false); // The editor goes while its boxes are open.

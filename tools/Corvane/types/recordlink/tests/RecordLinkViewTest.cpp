@@ -1,4 +1,5 @@
 // The view of a link, which is edited in the browser that picks a record.
+#include "NextDialog.h"
 #include "ViewTestList.h"
 #include "recordlink/CorvaneTypeRecordLink.h"
 #include "recordlink/CorvaneTypeRecordLinkValueActivateDlg.h"
@@ -10,7 +11,6 @@
 #include <QCompleter>
 #include <QElapsedTimer>
 #include <QLabel>
-#include <QTimer>
 #include <QTreeView>
 #include <optional>
 
@@ -38,21 +38,18 @@ protected:
     // Edits the item and hands the open browser to `use`.
     void Edit(int item, const std::function<void(CCorvaneTypeRecordLinkValueActivateDlg&)>& use)
     {
-        bool used = false;
-        QTimer::singleShot(0,
-                           [&]
-                           {
-                               auto* dialog = dynamic_cast<CCorvaneTypeRecordLinkValueActivateDlg*>(
-                                   QApplication::activeModalWidget());
-                               ASSERT_NE(dialog, nullptr);
-                               ASSERT_TRUE(QTest::qWaitForWindowActive(dialog));
-                               use(*dialog);
-                               used = true;
-                               if (dialog->isVisible())
-                                   dialog->reject();
-                           });
+        const CNextDialog user(
+            [&](QDialog& window)
+            {
+                auto* dialog = dynamic_cast<CCorvaneTypeRecordLinkValueActivateDlg*>(&window);
+                ASSERT_NE(dialog, nullptr);
+                ASSERT_TRUE(QTest::qWaitForWindowActive(dialog));
+                use(*dialog);
+                if (dialog->isVisible())
+                    dialog->reject();
+            });
         EXPECT_EQ(m_List->Edit(item), nullptr);
-        EXPECT_TRUE(used);
+        EXPECT_TRUE(user.HasActed());
     }
     static QString GetTexts(const QAbstractItemModel& model)
     {

@@ -2,6 +2,7 @@
 // row, colours, flags, files, effects and string identifiers.
 #pragma once
 
+#include "NextDialog.h"
 #include "ViewTestList.h"
 #include "effect/tests/EffectBytes.h"
 
@@ -58,12 +59,6 @@ protected:
     {
         QTest::keyClicks(QApplication::focusWidget(), QString::fromLatin1(text));
         QTest::keyClick(QApplication::focusWidget(), end);
-    }
-    // What is done with the window that opens next.
-    void OnDialog(const std::function<void(QDialog&)>& act)
-    {
-        const auto run = [act] { act(*qobject_cast<QDialog*>(QApplication::activeModalWidget())); };
-        QTimer::singleShot(0, m_pList.get(), run);
     }
 
     CTestDatabase m_Test;

@@ -1,12 +1,12 @@
 #include "DiskFileSystem.h"
 #include "FileFilter.h"
+#include "NextDialog.h"
 #include "QtFileDialogs.h"
 #include "ScratchDir.h"
 
 #include <QApplication>
 #include <QFileDialog>
 #include <QLineEdit>
-#include <QTimer>
 #include <gtest/gtest.h>
 
 TEST(FileDialogs, FiltersTakeTheFormOfTheToolkit)
@@ -27,14 +27,12 @@ TEST(FileDialogs, ASavedFileGetsItsExtensionAndACancelGivesNothing)
     CQtFileDialogs dialogs(files);
     const auto answer = [&](int result)
     {
-        const auto user = [result]
-        {
-            QDialog* window = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-            ASSERT_NE(window, nullptr);
-            EXPECT_EQ(window->findChild<QLineEdit*>()->text(), QStringLiteral("old"));
-            result == QDialog::Accepted ? window->accept() : window->reject();
-        };
-        QTimer::singleShot(0, qApp, user);
+        const CNextDialog user(
+            [result](QDialog& window)
+            {
+                EXPECT_EQ(window.findChild<QLineEdit*>()->text(), QStringLiteral("old"));
+                result == QDialog::Accepted ? window.accept() : window.reject();
+            });
         return dialogs.SaveFile(nullptr,
                                 {u"Save", scratch.Text("old"), u"txt", u"Text Files (*.txt)|*.txt|"});
     };

@@ -30,10 +30,3 @@ inline int RunModal(QDialog& dialog, const std::function<void()>& user)
     QTimer::singleShot(0, &dialog, user);
     return dialog.exec();
 }
-
-// The next modal dialog that appears is answered by a press.
-inline void PressInNextDialog(const char* name)
-{
-    const auto press = [name] { Press(*QApplication::activeModalWidget(), name); };
-    QTimer::singleShot(0, qApp, press);
-}

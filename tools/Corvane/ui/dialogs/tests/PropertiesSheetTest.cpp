@@ -3,6 +3,7 @@
 #include "CorvaneSchemaAttribData.h"
 #include "CorvaneType.h"
 #include "DialogDrive.h"
+#include "NextDialog.h"
 #include "PropertiesBaseDlg.h"
 #include "PropertiesSourceControlDlg.h"
 #include "PropertiesText.h"
@@ -42,13 +43,7 @@ protected:
     // Shows the properties and lets `user` act in the sheet, which he must end.
     template <class T> bool Show(T& object, const std::function<void(QDialog&)>& user)
     {
-        QTimer::singleShot(0, qApp,
-                           [user]
-                           {
-                               auto* sheet = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-                               ASSERT_NE(sheet, nullptr);
-                               user(*sheet);
-                           });
+        const CNextDialog driver(user);
         return ShowProperties(m_Editor, object);
     }
 

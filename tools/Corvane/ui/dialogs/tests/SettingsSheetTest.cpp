@@ -1,5 +1,6 @@
 #include "SettingsSheet.h"
 #include "DialogDrive.h"
+#include "NextDialog.h"
 #include "TestEditor.h"
 
 #include <QCheckBox>
@@ -114,13 +115,13 @@ TEST_F(SettingsSheet, ExpertModeIsWarnedOf)
     CSettingsSheet sheet(m_Editor, nullptr);
     sheet.show();
     GetChild<QAbstractButton>(sheet, "ExpertMode").click();
-    PressInNextDialog("Cancel");
+    const CNextDialog cancels([](QDialog& warning) { Press(warning, "Cancel"); });
     sheet.accept();
     EXPECT_TRUE(sheet.isVisible()) << "the change was taken back";
     EXPECT_TRUE(GetChild<QAbstractButton>(sheet, "SimpleMode").isChecked());
     EXPECT_FALSE(m_Database.m_Run.Test(APP_EXPERT));
     GetChild<QAbstractButton>(sheet, "ExpertMode").click();
-    PressInNextDialog("Ok");
+    const CNextDialog agrees([](QDialog& warning) { Press(warning, "Ok"); });
     GetChild<QAbstractButton>(sheet, "Apply").click();
     EXPECT_EQ(Get(u"Build", u"User.Interface"), 1);
     EXPECT_TRUE(GetChild<QWidget>(sheet, "ActiveBuild").isEnabled()) << "the other page follows";

@@ -1,5 +1,6 @@
 #include "DeferDeleteAttribDlg.h"
 #include "DialogDrive.h"
+#include "NextDialog.h"
 #include "RecordCopyDlg.h"
 #include "TestBuildDlg.h"
 #include "TestDatabase.h"
@@ -40,12 +41,12 @@ TEST(SmallDialogs, ADeferralNeedsADecimalNumber)
 TEST(SmallDialogs, CancelKeepsTheWishNotToBeWarnedToo)
 {
     CTestDatabase database;
-    QTimer::singleShot(0, qApp,
-                       []
-                       {
-                           Press(*QApplication::activeModalWidget(), "NeverAgain");
-                           Press(*QApplication::activeModalWidget(), "Cancel");
-                       });
+    const CNextDialog user(
+        [](QDialog& dialog)
+        {
+            Press(dialog, "NeverAgain");
+            Press(dialog, "Cancel");
+        });
     EXPECT_FALSE(CWarningAdvancedSettingsDlg::Confirm(database.m_Profile, nullptr));
     EXPECT_TRUE(CWarningAdvancedSettingsDlg::Confirm(database.m_Profile, nullptr));
 }

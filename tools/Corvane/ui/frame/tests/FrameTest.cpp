@@ -4,6 +4,7 @@
 #include "CorvaneType.h"
 #include "IconSet.h"
 #include "MainFrame.h"
+#include "NextDialog.h"
 #include "ProgressDlg.h"
 #include "QtText.h"
 #include "RecordFrame.h"
@@ -20,7 +21,6 @@
 #include <QMimeData>
 #include <QStatusBar>
 #include <QTest>
-#include <QTimer>
 #include <QToolBar>
 #include <chrono>
 #include <gtest/gtest.h>
@@ -57,18 +57,9 @@ protected:
     // True when the command has asked in a dialog.
     bool RunWithDialog(int id, bool agree)
     {
-        bool asked = false;
-        const auto answer = [&]
-        {
-            if (auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget()))
-            {
-                asked = true;
-                agree ? dialog->accept() : dialog->reject();
-            }
-        };
-        QTimer::singleShot(0, qApp, answer);
+        const CNextDialog user([agree](QDialog& dialog) { agree ? dialog.accept() : dialog.reject(); });
         EXPECT_TRUE(Run(id));
-        return asked;
+        return user.HasActed();
     }
     void AddGroups(int count)
     {

@@ -1,4 +1,5 @@
 // Message boxes, and what gets through to the windows while the core works.
+#include "NextDialog.h"
 #include "ProgressDlg.h"
 #include "QtText.h"
 #include "QuestionDlg.h"
@@ -16,18 +17,6 @@
 
 namespace
 {
-// Runs once the box of a question is up.
-void WhenAsked(const std::function<void(QDialog&)>& act)
-{
-    QTimer::singleShot(0, qApp,
-                       [act]
-                       {
-                           auto* box = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-                           ASSERT_NE(box, nullptr);
-                           act(*box);
-                       });
-}
-
 QString GetButtons(const QDialog& box)
 {
     QString all;
@@ -56,7 +45,7 @@ TEST(Questions, ButtonsDefaultAndEscape)
     {
         const CQuestion question = MakeQuestion(u"Title", u"Text", entry.m_Buttons, EIcon::Question);
         QString buttons;
-        WhenAsked(
+        const CNextDialog user(
             [&](QDialog& box)
             {
                 buttons = GetButtons(box);
@@ -64,7 +53,7 @@ TEST(Questions, ButtonsDefaultAndEscape)
             });
         EXPECT_EQ(questions.Ask(question), entry.m_Escape);
         EXPECT_EQ(buttons, QString::fromLatin1(entry.m_sButtons));
-        WhenAsked([](QDialog& box) { box.findChildren<QPushButton*>().back()->click(); });
+        const CNextDialog other([](QDialog& box) { box.findChildren<QPushButton*>().back()->click(); });
         EXPECT_EQ(questions.Ask(question), entry.m_Last);
     }
 }
@@ -72,7 +61,7 @@ TEST(Questions, ButtonsDefaultAndEscape)
 TEST(Questions, AQuestionOfARefreshAndAnEndlessText)
 {
     CUiQuestions questions;
-    WhenAsked(
+    const CNextDialog user(
         [](QDialog& box)
         {
             EXPECT_EQ(GetButtons(box), QStringLiteral("Reload From File *Keep Memory Changes "));
@@ -82,7 +71,7 @@ TEST(Questions, AQuestionOfARefreshAndAnEndlessText)
             box.findChild<QPushButton*>()->click();
         });
     EXPECT_EQ(questions.Ask(MakeExternalModificationQuestion(u"/a/b.record")), EAnswer::Yes);
-    WhenAsked(
+    const CNextDialog reader(
         [](QDialog& box)
         {
             EXPECT_LE(box.findChild<QPlainTextEdit*>()->toPlainText().size(), 100001);
@@ -138,7 +127,7 @@ TEST(Questions, OnlyTheProgressBoxGetsInputWhileTheCoreWorks)
     EXPECT_FALSE(work(
         [&]
         {
-            WhenAsked([](QDialog& box) { QTest::keyClick(&box, Qt::Key_Return); });
+            const CNextDialog user([](QDialog& box) { QTest::keyClick(&box, Qt::Key_Return); });
             questions.Tell(u"Title", u"Text");
         }));
     EXPECT_FALSE(questions.GetPump().IsWorking());

@@ -1,12 +1,12 @@
 // The attribute list as a user works with it.
 #include "ListTestKit.h"
+#include "NextDialog.h"
 #include "QtText.h"
 #include "UndoScope.h"
 #include "ValueSource.h"
 
 #include <QAccessible>
 #include <QMenu>
-#include <QTimer>
 
 namespace
 {
@@ -348,14 +348,13 @@ TEST_F(ListView, DefersAndRemovesAnAttributeInExpertMode)
     Select("Speed");
     EXPECT_FALSE(Run(ID_DEFER_DEPRECATE));
     m_Test.m_Run.Set(APP_EXPERT);
-    QTimer::singleShot(0,
-                       []
-                       {
-                           auto* dialog = QApplication::activeModalWidget();
-                           auto* field = dialog->findChild<QLineEdit*>("Build");
-                           field->setText("10");
-                           QTest::keyClick(field, Qt::Key_Return);
-                       });
+    const CNextDialog user(
+        [](QDialog& dialog)
+        {
+            auto* field = dialog.findChild<QLineEdit*>("Build");
+            field->setText("10");
+            QTest::keyClick(field, Qt::Key_Return);
+        });
     ASSERT_TRUE(Run(ID_DEFER_DEPRECATE));
     EXPECT_EQ(Names(), "Armor Costs Speed Speed Ammo ");
     m_pView->grab();

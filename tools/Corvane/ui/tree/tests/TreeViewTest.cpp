@@ -4,6 +4,7 @@
 #include "CorvaneEvent.h"
 #include "CorvaneTreeModel.h"
 #include "CorvaneTreeView.h"
+#include "NextDialog.h"
 #include "QtText.h"
 #include "RecordCopyDlg.h"
 #include "TestDatabase.h"
@@ -25,7 +26,6 @@
 #include <QRadioButton>
 #include <QScrollBar>
 #include <QTest>
-#include <QTimer>
 #include <QVBoxLayout>
 #include <gtest/gtest.h>
 #include <tuple>
@@ -364,30 +364,27 @@ TEST_F(CTreeViewTest, CutPastesOnceAndCopyStays)
     EXPECT_FALSE(m_pView->GetClipboard().IsMarked(Item("Units/Baker")));
 
     ASSERT_TRUE(Run("Units/Baker", ID_COPY));
-    const auto answer = [](bool accept, bool reference)
+    const auto paste = [this](bool accept, bool reference)
     {
-        QTimer::singleShot(0,
-                           [accept, reference]
-                           {
-                               QWidget* dialog = QApplication::activeModalWidget();
-                               ASSERT_NE(dynamic_cast<CRecordCopyDlg*>(dialog), nullptr);
-                               dialog->findChildren<QRadioButton*>().at(reference ? 1 : 0)->setChecked(true);
-                               static_cast<QDialog*>(dialog)->done(accept ? QDialog::Accepted
-                                                                          : QDialog::Rejected);
-                           });
+        const CNextDialog user(
+            [accept, reference](QDialog& dialog)
+            {
+                ASSERT_NE(dynamic_cast<CRecordCopyDlg*>(&dialog), nullptr);
+                dialog.findChildren<QRadioButton*>().at(reference ? 1 : 0)->setChecked(true);
+                dialog.done(accept ? QDialog::Accepted : QDialog::Rejected);
+            });
+        EXPECT_TRUE(Run("Units/Heroes", ID_PASTE));
+        EXPECT_TRUE(user.HasActed());
     };
-    answer(false, false);
-    ASSERT_TRUE(Run("Units/Heroes", ID_PASTE));
+    paste(false, false);
     EXPECT_TRUE(Item("Units/Heroes/Clone of Baker").IsNone());
-    answer(true, false);
-    ASSERT_TRUE(Run("Units/Heroes", ID_PASTE));
+    paste(true, false);
     EXPECT_FALSE(Item("Units/Heroes/Clone of Baker").IsNone());
     QTest::keyPress(&Tree(), Qt::Key_Shift, Qt::ShiftModifier);
     ASSERT_TRUE(Run("Units/Melee", ID_PASTE)) << "nobody is asked";
     QTest::keyRelease(&Tree(), Qt::Key_Shift);
     EXPECT_FALSE(Item("Units/Melee/Clone of Baker").IsNone());
-    answer(true, true);
-    ASSERT_TRUE(Run("Units/Heroes", ID_PASTE));
+    paste(true, true);
     EXPECT_FALSE(Item("Units/Heroes/Reference of Baker").IsNone());
     EXPECT_EQ(UndoText(), "&1 [Baker]\nCopied Record");
 }
